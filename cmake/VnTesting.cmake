@@ -1,0 +1,25 @@
+# GoogleTest: Debian's packaged library natively; built from Debian's sources
+# (/usr/src/googletest) for the Windows build.
+if(WIN32)
+  set(gtest_force_shared_crt OFF CACHE BOOL "" FORCE)
+  set(BUILD_GMOCK OFF CACHE BOOL "" FORCE)
+  set(INSTALL_GTEST OFF CACHE BOOL "" FORCE)
+  add_subdirectory(/usr/src/googletest ${CMAKE_BINARY_DIR}/googletest EXCLUDE_FROM_ALL)
+  set(VN_GTEST_LIBS gtest)
+else()
+  find_package(GTest REQUIRED)
+  set(VN_GTEST_LIBS GTest::gtest)
+endif()
+
+# vn_add_test(<name> SOURCES ... [LIBS ...])
+#
+# One executable, one ctest entry: under Wine a suite then costs one process
+# start, not one per case.  Every test executable shares tests/TestMain.cpp.
+function(vn_add_test name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;LIBS" ${ARGN})
+  add_executable(${name} ${ARG_SOURCES} ${CMAKE_SOURCE_DIR}/tests/TestMain.cpp ${CMAKE_SOURCE_DIR}/tests/ScriptedPrompt.cpp)
+  target_link_libraries(${name} PRIVATE vnreconcile ${VN_GTEST_LIBS} ${ARG_LIBS})
+  target_include_directories(${name} PRIVATE ${CMAKE_SOURCE_DIR}/tests)
+  add_test(NAME ${name} COMMAND ${name})
+  set_tests_properties(${name} PROPERTIES ENVIRONMENT "VN_SOURCE_DIR=${CMAKE_SOURCE_DIR}")
+endfunction()

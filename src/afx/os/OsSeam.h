@@ -1,0 +1,74 @@
+// OsSeam.h - the operating system services the portable half stands on.
+//
+// Files, code page conversion, the ANSI code page, temporary names and the
+// last error, in Win32's terms: failures are Win32 error codes, code pages are
+// Win32 numbers.  OsWin32.cpp calls the real API; OsPosix.cpp maps POSIX and
+// iconv onto the same contract (errno becomes the matching Win32 code), so the
+// layer above cannot tell the platforms apart.
+#ifndef VN_AFX_OS_OSSEAM_H
+#define VN_AFX_OS_OSSEAM_H
+
+#include "afx/portable/AfxTypes.h"
+
+#include <cstdint>
+#include <string>
+
+namespace vn {
+namespace os {
+
+typedef std::basic_string<WCHAR> WideText;
+
+//===-- Errors -------------------------------------------------------------===//
+
+DWORD GetLastError();
+void SetLastError(DWORD code);
+// The system's text for a Win32 error code, empty when it has none.
+WideText SystemMessage(DWORD code);
+
+//===-- Code pages ---------------------------------------------------------===//
+
+// The process's ANSI code page.  Natively it follows the locale (65001 under
+// UTF-8, else 1252) unless a test has fixed it with SetAnsiCodePage.
+UINT GetACP();
+void SetAnsiCodePage(UINT codePage);  // 0 restores the locale's answer
+bool IsValidCodePage(UINT codePage);
+// Converts with the platform's replacement for undecodable input; the result
+// is empty and the last error set when the code page is unknown.
+WideText MultiByteToWide(UINT codePage, const char* bytes, int count);
+std::string WideToMultiByte(UINT codePage, const WCHAR* text, int count);
+
+//===-- Files --------------------------------------------------------------===//
+
+typedef intptr_t FileHandle;
+const FileHandle kInvalidFile = -1;
+
+enum FileAccess : DWORD { kRead = 1, kWrite = 2, kReadWrite = 3 };
+enum FileDisposition : DWORD {
+  kOpenExisting,   // fail when missing
+  kCreateAlways,   // create or truncate
+  kOpenAlways,     // open or create, keep content
+  kCreateNew       // fail when present
+};
+enum SeekOrigin : DWORD { kBegin = 0, kCurrent = 1, kEnd = 2 };
+
+// Each call returns false (or kInvalidFile) on failure with the last error set.
+FileHandle OpenFile(LPCWSTR path, FileAccess access, FileDisposition disposition);
+bool CloseFile(FileHandle h);
+bool ReadFile(FileHandle h, void* buffer, DWORD count, DWORD& done);
+bool WriteFile(FileHandle h, const void* buffer, DWORD count, DWORD& done);
+bool SeekFile(FileHandle h, int64_t offset, SeekOrigin origin, uint64_t& position);
+bool GetFileSize(FileHandle h, uint64_t& size);
+bool SetFileSize(FileHandle h, uint64_t size);
+bool FlushFile(FileHandle h);
+bool DeleteFile(LPCWSTR path);
+bool MoveFile(LPCWSTR from, LPCWSTR to);
+// Attributes in Win32's terms (FILE_ATTRIBUTE_DIRECTORY = 0x10, read-only =
+// 0x1, normal = 0x80); 0xFFFFFFFF when the path does not exist.
+DWORD GetFileAttributes(LPCWSTR path);
+// The directory for temporary files, ending in a separator.
+WideText TempDirectory();
+
+}  // namespace os
+}  // namespace vn
+
+#endif  // VN_AFX_OS_OSSEAM_H
