@@ -23,3 +23,22 @@ function(vn_add_test name)
   add_test(NAME ${name} COMMAND ${name})
   set_tests_properties(${name} PROPERTIES ENVIRONMENT "VN_SOURCE_DIR=${CMAKE_SOURCE_DIR}")
 endfunction()
+
+# vn_add_test_dir(<name> [LIBS ...])
+#
+# One test executable from every *.cpp in the calling directory; files ending
+# in Win32Test.cpp join only in the Windows build.
+function(vn_add_test_dir name)
+  cmake_parse_arguments(ARG "" "" "LIBS" ${ARGN})
+  file(GLOB all CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp)
+  set(srcs "")
+  foreach(f ${all})
+    if(NOT WIN32 AND (f MATCHES "Win32Test\\.cpp$" OR f MATCHES "/win32/"))
+      continue()
+    endif()
+    list(APPEND srcs ${f})
+  endforeach()
+  if(srcs)
+    vn_add_test(${name} SOURCES ${srcs} LIBS ${ARG_LIBS})
+  endif()
+endfunction()
