@@ -53,6 +53,20 @@ bool FailWithErrno() {
   return false;
 }
 
+// Windows tells a missing file (2) from a missing directory on the way to it
+// (3); POSIX says ENOENT for both, so look at the parent.
+void FailOnMissing(const std::string& native) {
+  FailWithErrno();
+  if (errno != ENOENT)
+    return;
+  size_t cut = native.find_last_of('/');
+  if (cut == std::string::npos || cut == 0)
+    return;
+  struct stat st;
+  if (::stat(native.substr(0, cut).c_str(), &st) != 0 || !S_ISDIR(st.st_mode))
+    t_lastError = ERROR_PATH_NOT_FOUND;
+}
+
 std::string PathToNative(LPCWSTR path) {
   return path ? WideToMultiByte(CP_UTF8, path, -1) : std::string();
 }
@@ -302,7 +316,7 @@ FileHandle OpenFile(LPCWSTR path, FileAccess access, FileDisposition disposition
   }
   int fd = ::open(native.c_str(), flags, 0666);
   if (fd < 0) {
-    FailWithErrno();
+    FailOnMissing(native);
     return kInvalidFile;
   }
   // Windows refuses to open a directory as a file; so do we.
@@ -379,7 +393,10 @@ bool DeleteFile(LPCWSTR path) {
     t_lastError = ERROR_ACCESS_DENIED;
     return false;
   }
-  return ::unlink(native.c_str()) == 0 || FailWithErrno();
+  if (::unlink(native.c_str()) == 0)
+    return true;
+  FailOnMissing(native);
+  return false;
 }
 
 bool MoveFile(LPCWSTR from, LPCWSTR to) {

@@ -1,0 +1,55 @@
+// CObjectTest.cpp - run-time class information and the exception classes.
+#include "afx/afx.h"
+
+#include "ScriptedPrompt.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+class CShape : public CObject {
+  DECLARE_DYNAMIC(CShape)
+};
+class CCircle : public CShape {
+  DECLARE_DYNCREATE(CCircle)
+};
+IMPLEMENT_DYNAMIC(CShape, CObject)
+IMPLEMENT_DYNCREATE(CCircle, CShape)
+
+TEST(CObjectTest, KnowsItsClassChain) {
+  CCircle c;
+  EXPECT_TRUE(c.IsKindOf(RUNTIME_CLASS(CCircle)));
+  EXPECT_TRUE(c.IsKindOf(RUNTIME_CLASS(CShape)));
+  EXPECT_TRUE(c.IsKindOf(RUNTIME_CLASS(CObject)));
+  CShape s;
+  EXPECT_FALSE(s.IsKindOf(RUNTIME_CLASS(CCircle)));
+  EXPECT_STREQ("CCircle", c.GetRuntimeClass()->m_lpszClassName);
+}
+
+TEST(CObjectTest, CreatesByClassOnlyWhereAsked) {
+  CObject* made = RUNTIME_CLASS(CCircle)->CreateObject();
+  ASSERT_NE(nullptr, made);
+  EXPECT_TRUE(made->IsKindOf(RUNTIME_CLASS(CCircle)));
+  delete made;
+  EXPECT_EQ(nullptr, RUNTIME_CLASS(CShape)->CreateObject());
+}
+
+TEST(CExceptionTest, MessagesFitTheCallersBuffer) {
+  CInvalidArgException e;
+  WCHAR small[6];
+  EXPECT_TRUE(e.GetErrorMessage(small, 6));
+  EXPECT_EQ(CString(_T("Encou")), CString(small));
+  EXPECT_FALSE(e.GetErrorMessage(nullptr, 6));
+  EXPECT_FALSE(e.GetErrorMessage(small, 0));
+}
+
+TEST(CExceptionTest, ReportErrorAsksThePrompt) {
+  vn::test::ScriptedPrompt prompt({IDOK});
+  CFileException e(CFileException::fileNotFound, static_cast<LONG>(ERROR_FILE_NOT_FOUND), _T("x.txt"));
+  EXPECT_EQ(IDOK, e.ReportError(MB_ICONSTOP));
+  ASSERT_EQ(1u, prompt.Asked().size());
+  EXPECT_EQ("x.txt: The system cannot find the file specified.", prompt.Asked()[0].text);
+  EXPECT_EQ(MB_ICONSTOP, prompt.Asked()[0].type);
+}
+
+}  // namespace
