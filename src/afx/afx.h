@@ -10,5 +10,6 @@
 #include "afx/portable/CMap.h"
 #include "afx/portable/CObject.h"
 #include "afx/portable/CString.h"
+#include "afx/portable/CStringList.h"
 
 #endif  // VN_AFX_AFX_H
