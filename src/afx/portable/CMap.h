@@ -20,6 +20,12 @@ template <class ARG_KEY>
 inline UINT HashKey(ARG_KEY key) {
   return static_cast<UINT>(static_cast<DWORD_PTR>(key) >> 4);
 }
+// DWORD keys hash to themselves, unshifted: the component's maps with
+// such keys put key k in bucket k modulo the table size.
+template <>
+inline UINT HashKey<DWORD>(DWORD key) {
+  return static_cast<UINT>(key);
+}
 template <>
 inline UINT HashKey<LPCWSTR>(LPCWSTR key) {
   UINT h = 0;
@@ -67,6 +73,8 @@ public:
     value = a->value;
     return TRUE;
   }
+  // The association of key, null when absent; gives the key as stored.
+  const CAssoc* PLookup(ARG_KEY key) const { return Find(key); }
   VALUE& operator[](ARG_KEY key) {
     if (CAssoc* a = Find(key))
       return a->value;
