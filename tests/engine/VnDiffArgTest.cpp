@@ -1,0 +1,185 @@
+// VnDiffArgTest.cpp - cutting buffers into lines and reading lines back.
+#include "EngineTestUtil.h"
+
+#include "afx/os/OsSeam.h"
+
+#include <gtest/gtest.h>
+
+using vn::test::MakeSet;
+
+namespace {
+
+// The lines of a set as "|"-joined UTF-8, and whether the flag is set.
+std::string Joined(const CVnDiffArg& arg) {
+  std::string s;
+  for (int i = 0; i < arg.GetLineCount(); ++i) {
+    if (i)
+      s += '|';
+    s += VnToUtf8(arg.GetLine(i));
+  }
+  return s;
+}
+
+struct SplitCase {
+  std::string bytes;
+  CVnFileInfo::FileType type;
+  unsigned char eol;
+  int lines;
+  const char* joined;
+  bool endingTerminator;
+};
+
+}  // namespace
+
+TEST(VnDiffArgTest, SplitsAtTheTerminatorOnly) {
+  const SplitCase kCases[] = {
+      {"a\nb\n", CVnFileInfo::Text8, 0, 2, "a|b", true},
+      {"a\nb", CVnFileInfo::Text8, 0, 2, "a|b", false},
+      {"\n", CVnFileInfo::Text8, 0, 1, "", true},
+      {"\n\n", CVnFileInfo::Text8, 0, 2, "|", true},
+      {"a\r\nb\r\n", CVnFileInfo::Text8, 0, 2, "a\r|b\r", true},
+      {"a\nb", CVnFileInfo::Text8Alt, 0, 2, "a|b", false},
+      {std::string("a\0b\nc\0", 6), CVnFileInfo::Records8, 0, 2, "a|b\nc", true},
+      {"a;b", CVnFileInfo::Records8, ';', 2, "a|b", false},
+      {std::string("a\0\n\0b\0", 6), CVnFileInfo::Text16, 0, 2, "a|b", false},
+      {std::string("a\0\n\0b", 5), CVnFileInfo::Text16, 0, 1, "a", true},  // odd byte ignored
+      {std::string("a", 1), CVnFileInfo::Text16, 0, 0, "", false},
+      {std::string("\n\0\n\0", 4), CVnFileInfo::Text16, 0, 2, "|", true},
+  };
+  for (const auto& c : kCases) {
+    auto set = MakeSet(c.bytes, c.type, c.eol);
+    EXPECT_EQ(c.lines, set.arg->GetLineCount()) << c.joined;
+    EXPECT_EQ(c.joined, Joined(*set.arg));
+    EXPECT_EQ(c.endingTerminator, set.arg->GetFileInfo().HasEndingTerminator() != 0) << c.joined;
+  }
+}
+
+TEST(VnDiffArgTest, LineRecordsPointIntoTheBuffer) {
+  auto set = MakeSet("ab\n\ncd", CVnFileInfo::Text8);
+  const CVnDiffLineArray& lines = set.arg->GetLines();
+  ASSERT_EQ(3, lines.GetSize());
+  const unsigned char* base = reinterpret_cast<const unsigned char*>(set.bytes.data());
+  EXPECT_EQ(base, lines.GetAt(0)->GetBytes());
+  EXPECT_EQ(base + 3, lines.GetAt(1)->GetBytes());  // the empty line stands where it is
+  EXPECT_EQ(0u, lines.GetAt(1)->GetLength());
+  EXPECT_EQ(base + 4, lines.GetAt(2)->GetBytes());
+  auto wide = MakeSet(vn::test::Widen16("xyz\n"), CVnFileInfo::Text16);
+  EXPECT_EQ(6u, wide.arg->GetLines().GetAt(0)->GetLength());
+  EXPECT_TRUE(wide.arg->GetLines().GetAt(0)->IsWide());
+}
+
+TEST(VnDiffArgTest, ConstructorSetsTheTerminatorByType) {
+  struct {
+    CVnFileInfo::FileType type;
+    unsigned char eol;
+    uint16_t expected;
+  } kCases[] = {
+      {CVnFileInfo::Text8, 0, 10}, {CVnFileInfo::Text8Alt, 7, 10}, {CVnFileInfo::Text16, 0, 10},
+      {CVnFileInfo::Records8, 0, 0}, {CVnFileInfo::Records8, ';', ';'},
+      {static_cast<CVnFileInfo::FileType>(3), ';', 0},
+  };
+  for (const auto& c : kCases) {
+    CVnDiffArg arg(c.type, c.eol);
+    EXPECT_EQ(c.expected, arg.GetFileInfo().m_nEOLChar) << c.type;
+    EXPECT_EQ(static_cast<uint32_t>(c.type), arg.GetFileInfo().m_nFlags);
+  }
+}
+
+TEST(VnDiffArgTest, CreateWithNothingOrUnknownTypeChangesNothing) {
+  auto set = MakeSet("a\nb");
+  set.arg->Create("x", 0);
+  EXPECT_EQ("a|b", Joined(*set.arg));
+
+  CVnDiffArg unknown(static_cast<CVnFileInfo::FileType>(3), 10);
+  unknown.Create("a\nb\n", 4);
+  EXPECT_EQ(0, unknown.GetLineCount());
+  EXPECT_FALSE(unknown.GetFileInfo().HasEndingTerminator());
+}
+
+TEST(VnDiffArgTest, SecondCreateReplacesLinesButKeepsTheFlag) {
+  auto set = MakeSet("a\n");
+  const char second[] = "x\ny\nz";
+  set.arg->Create(second, 5);
+  EXPECT_EQ("x|y|z", Joined(*set.arg));
+  EXPECT_TRUE(set.arg->GetFileInfo().HasEndingTerminator());
+}
+
+TEST(VnDiffArgTest, GetLineOutsideTheSetRaisesInvalidArgument) {
+  auto set = MakeSet("a\nb\n");
+  for (int index : {-1, 2, 1000}) {
+    bool raised = false;
+    try {
+      set.arg->GetLine(index);
+    } catch (CInvalidArgException* e) {
+      raised = true;
+      e->Delete();
+    }
+    EXPECT_TRUE(raised) << index;
+  }
+}
+
+TEST(VnDiffArgTest, GetLineWidensThroughTheAnsiCodePage) {
+  auto set = MakeSet("caf\xE9\n");
+  vn::os::SetAnsiCodePage(1252);
+  CString text = set.arg->GetLine(0);
+  vn::os::SetAnsiCodePage(0);
+  ASSERT_EQ(4, text.GetLength());
+  EXPECT_EQ(0xE9, static_cast<int>(text[3]));
+
+  auto wide = MakeSet(std::string("\xE9\x00\x3A\x26", 4), CVnFileInfo::Text16);
+  CString units = wide.arg->GetLine(0);
+  ASSERT_EQ(2, units.GetLength());
+  EXPECT_EQ(0x00E9, static_cast<int>(units[0]));
+  EXPECT_EQ(0x263A, static_cast<int>(units[1]));
+}
+
+TEST(VnDiffArgTest, FileInfoEqualityLooksAtTypeAndTerminatorOnly) {
+  CVnFileInfo none1, none2;
+  EXPECT_FALSE(none1 == none2);  // no type bit in common
+
+  CVnFileInfo a = CVnDiffArg(CVnFileInfo::Text16, 0).GetFileInfo();
+  CVnFileInfo b = a;
+  b.m_nFlags |= CVnFileInfo::kEndingTerminator | CVnFileInfo::kEndCR;
+  b.m_nReserved = 7;
+  EXPECT_TRUE(a == b);
+  EXPECT_TRUE(b.HasEndCR() != 0);
+
+  CVnFileInfo r1 = CVnDiffArg(CVnFileInfo::Records8, ';').GetFileInfo();
+  CVnFileInfo r2 = CVnDiffArg(CVnFileInfo::Records8, ',').GetFileInfo();
+  EXPECT_FALSE(r1 == r2);
+  EXPECT_FALSE(a == CVnDiffArg(CVnFileInfo::Text8, 0).GetFileInfo());
+  EXPECT_EQ(2, a.GetEOLSize());
+  EXPECT_EQ(1, r1.GetEOLSize());
+}
+
+TEST(VnDiffArgTest, SetFileInfoKeepsTheLines) {
+  auto set = MakeSet("a\nb");
+  CVnFileInfo info = set.arg->GetFileInfo();
+  info.m_nReserved = 9;
+  info.m_nFlags |= CVnFileInfo::kEndingTerminator;
+  set.arg->SetFileInfo(info);
+  EXPECT_EQ(2, set.arg->GetLineCount());
+  EXPECT_EQ(9, set.arg->GetFileInfo().m_nReserved);
+  CVnDiffArg copy(set.arg->GetFileInfo());
+  EXPECT_EQ(0, copy.GetLineCount());
+  EXPECT_EQ(9, copy.GetFileInfo().m_nReserved);
+}
+
+TEST(VnDiffArgTest, OwnerArrayDeletesItsMembers) {
+  static int alive = 0;
+  struct Counted {
+    Counted() { ++alive; }
+    ~Counted() { --alive; }
+  };
+  {
+    CTypedOwnerPtrArray<Counted> array;
+    for (int i = 0; i < 5; ++i)
+      array.Add(new Counted);
+    EXPECT_EQ(5, alive);
+    array.DeleteAllMembers();
+    EXPECT_EQ(0, alive);
+    EXPECT_EQ(0, array.GetSize());
+    array.Add(new Counted);
+  }
+  EXPECT_EQ(0, alive);
+}
