@@ -1,0 +1,34 @@
+// VnCPInfo.h - the facts and display name of a code page.
+//
+// GetVnCPInfo fills a CPINFOEXW whether or not the platform has
+// GetCPInfoExW: without it the facts come from GetCPInfo and the name is
+// "CP" and the number.  Code pages are Win32 numbers, plus the system's own
+// 70001 (UTF-16LE) and 70000 (UTF-16BE).
+#ifndef VN_INTAKE_VNCPINFO_H
+#define VN_INTAKE_VNCPINFO_H
+
+#include "afx/afx.h"
+
+#ifndef _WIN32
+#define MAX_DEFAULTCHAR 2
+#define MAX_LEADBYTES 12
+struct CPINFO {
+  UINT MaxCharSize;
+  BYTE DefaultChar[MAX_DEFAULTCHAR];
+  BYTE LeadByte[MAX_LEADBYTES];
+};
+struct CPINFOEXW {
+  UINT MaxCharSize;
+  BYTE DefaultChar[MAX_DEFAULTCHAR];
+  BYTE LeadByte[MAX_LEADBYTES];
+  WCHAR UnicodeDefaultChar;
+  UINT CodePage;
+  WCHAR CodePageName[MAX_PATH];
+};
+#endif
+
+// Zeroes *info, then fills it; non-zero on success.  `flags` goes to
+// GetCPInfoExW and is unused without it.
+VN_API int GetVnCPInfo(unsigned int codePage, unsigned long flags, CPINFOEXW* info);
+
+#endif  // VN_INTAKE_VNCPINFO_H

@@ -1,0 +1,362 @@
+// VnDiffFile.cpp - reading an input file into the comparison's one buffer.
+//
+// Byte order marks: EF BB BF is UTF-8 (code page 65001), FF FE UTF-16LE
+// (the system's own 70001), FE FF UTF-16BE (70000).  A mark needs at least
+// two bytes in the file; FF FE 00 00 counts as UTF-16LE, there is no UTF-32.
+// Without a mark, one NUL byte anywhere in the file makes it binary.
+//
+// Line-end repair, on UTF-16LE units: CR LF stays; LF CR is swapped in place
+// to CR LF; a lone CR or lone LF is marked with a 0 unit and, in a second
+// pass, written out as CR LF.  A NUL unit ends the scan; the text behind it
+// is kept when nothing needed repair and dropped otherwise.  No line end is
+// added at the end of the file.  A text with only CR LF ends is scanned once
+// and not copied, and UTF-16LE input is not copied at all unless repaired.
+#include "intake/VnDiffFile.h"
+
+#include "foundation/LocalResources.h"
+#include "intake/VnCPInfo.h"
+#include "intake/VnFile.h"
+
+#include <cassert>
+#include <cstring>
+
+const unsigned char CVnDiffFile::BINARY_MARKER = 0x01;
+
+namespace {
+
+const unsigned char kUtf8Mark[] = {0xEF, 0xBB, 0xBF};
+const unsigned char kUtf16LEMark[] = {0xFF, 0xFE};
+const unsigned char kUtf16BEMark[] = {0xFE, 0xFF};
+const unsigned short kCR = 13;
+const unsigned short kLF = 10;
+
+// Up to three leading bytes, the rest zero, so short files compare safely.
+void Head(const unsigned char* data, unsigned long size, unsigned char head[3]) {
+  head[0] = head[1] = head[2] = 0;
+  memcpy(head, data, size < 3 ? size : 3);
+}
+
+unsigned short UnitAt(const unsigned char* p, unsigned long i) {
+  return static_cast<unsigned short>(p[2 * i] | (p[2 * i + 1] << 8));
+}
+
+void SetUnit(unsigned char* p, unsigned long i, unsigned short u) {
+  p[2 * i] = static_cast<unsigned char>(u);
+  p[2 * i + 1] = static_cast<unsigned char>(u >> 8);
+}
+
+// Pages in which every byte below 0x80 is the ASCII character itself, so
+// pure ASCII input can be widened without asking the converter.
+bool AsciiIsIdentity(unsigned int cp) {
+  return cp == 65001 || (cp >= 1250 && cp <= 1258) || cp == 20127 || cp == 437 || cp == 850 ||
+         (cp >= 28591 && cp <= 28605);
+}
+
+bool AllAscii(const unsigned char* data, unsigned long size) {
+  unsigned char any = 0;
+  for (unsigned long i = 0; i < size; ++i)
+    any |= data[i];
+  return (any & 0x80) == 0;
+}
+
+// MultiByteToWideChar(codePage, 0, ...) into a new array of 2 bytes a unit:
+// the length is asked first, then the text converted.  Input the page can't
+// decode becomes what the platform makes of it; an unknown page gives none.
+unsigned char* DecodeToUtf16(unsigned int codePage, const unsigned char* in, unsigned long size,
+                             unsigned long& outSize) {
+  if (AsciiIsIdentity(codePage) && AllAscii(in, size)) {
+    unsigned char* out = new unsigned char[2 * static_cast<size_t>(size)];
+    for (unsigned long i = 0; i < size; ++i) {
+      out[2 * i] = in[i];
+      out[2 * i + 1] = 0;
+    }
+    outSize = 2 * size;
+    return out;
+  }
+#ifdef _WIN32
+  const char* src = reinterpret_cast<const char*>(in);
+  int units = MultiByteToWideChar(codePage, 0, src, static_cast<int>(size), nullptr, 0);
+  unsigned char* out = new unsigned char[2 * static_cast<size_t>(units)];
+  if (units > 0)
+    MultiByteToWideChar(codePage, 0, src, static_cast<int>(size), reinterpret_cast<wchar_t*>(out), units);
+  outSize = 2 * static_cast<unsigned long>(units);
+  return out;
+#else
+  vn::os::WideText wide = vn::os::MultiByteToWide(codePage, reinterpret_cast<const char*>(in), static_cast<int>(size));
+  unsigned char* out = new unsigned char[2 * wide.size()];
+  for (size_t i = 0; i < wide.size(); ++i)
+    SetUnit(out, static_cast<unsigned long>(i), static_cast<unsigned short>(wide[i]));
+  outSize = 2 * static_cast<unsigned long>(wide.size());
+  return out;
+#endif
+}
+
+CString LocalText(UINT id) { return LoadLocalString(GetResourceModule(), id); }
+
+}  // namespace
+
+CVnDiffFile::CVnDiffFile()
+    : m_pText(nullptr), m_dwTextLength(0), m_pBuffer(nullptr), m_nCodePage(vn::os::GetACP()),
+      m_nFileType(TypeText), m_nEncoding(EncodingNone), m_bLoaded(false), m_bHasBOM(false),
+      m_bEncodingSet(false) {}
+
+CVnDiffFile::~CVnDiffFile() { ReleaseBuffer(); }
+
+CVnDiffFile::CVnDiffFile(const CVnDiffFile& other) : m_pText(nullptr), m_pBuffer(nullptr) { CopyFrom(other); }
+
+CVnDiffFile& CVnDiffFile::operator=(const CVnDiffFile& other) {
+  if (this != &other) {
+    ReleaseBuffer();
+    CopyFrom(other);
+  }
+  return *this;
+}
+
+// The text lies inside the buffer, so copying the buffer up to the text's
+// end and keeping the offset gives the copy the same text of its own.
+void CVnDiffFile::CopyFrom(const CVnDiffFile& other) {
+  m_strFileName = other.m_strFileName;
+  m_dwTextLength = other.m_dwTextLength;
+  m_nCodePage = other.m_nCodePage;
+  m_nFileType = other.m_nFileType;
+  m_nEncoding = other.m_nEncoding;
+  m_bLoaded = other.m_bLoaded;
+  m_bHasBOM = other.m_bHasBOM;
+  m_bEncodingSet = other.m_bEncodingSet;
+  m_pBuffer = nullptr;
+  m_pText = nullptr;
+  if (other.m_pBuffer && other.m_pText) {
+    const size_t offset = static_cast<size_t>(other.m_pText - other.m_pBuffer);
+    m_pBuffer = new unsigned char[offset + other.m_dwTextLength];
+    memcpy(m_pBuffer, other.m_pBuffer, offset + other.m_dwTextLength);
+    m_pText = m_pBuffer + offset;
+  }
+}
+
+void CVnDiffFile::ReleaseBuffer() {
+  delete[] m_pBuffer;
+  m_pBuffer = nullptr;
+  m_pText = nullptr;
+  m_dwTextLength = 0;
+}
+
+void CVnDiffFile::SetFileName(const CString& name) {
+  m_strFileName = name;
+  m_bLoaded = false;
+  m_bHasBOM = false;
+  m_bEncodingSet = false;
+  m_nCodePage = vn::os::GetACP();
+}
+
+void CVnDiffFile::SetFileEncoding(unsigned int codePage) {
+  m_nCodePage = codePage;
+  m_bEncodingSet = true;
+  m_bLoaded = false;
+  m_bHasBOM = false;
+  switch (codePage) {
+  case 65001: m_nFileType = TypeUnicode; m_nEncoding = EncodingUTF8; break;
+  case 70001: m_nFileType = TypeUnicode; m_nEncoding = EncodingUTF16LE; break;
+  case 70000: m_nFileType = TypeUnicode; m_nEncoding = EncodingUTF16BE; break;
+  default: m_nFileType = TypeText; m_nEncoding = EncodingNone; break;
+  }
+}
+
+//===-- The load -----------------------------------------------------------===//
+
+bool CVnDiffFile::GetFileContents(unsigned char*& text, unsigned long& length) {
+  if (!m_bLoaded) {
+    CVnFile file(m_strFileName, CFile::modeRead);  // raises; the old buffer stays
+    ReleaseBuffer();
+    CVnSmartBytePtr bytes;
+    unsigned long size = file.ReadAll(bytes);
+    file.Close();
+    unsigned char* data = bytes.Get();
+
+    if (!m_bEncodingSet)
+      DetermineFileTypeAndEncoding(data, size);
+    else
+      m_bHasBOM = HasBOM(data, size);
+
+    if (m_nFileType == TypeText || m_nFileType == TypeUnicode) {
+      unsigned char* out = nullptr;
+      unsigned long outSize = 0;
+      data = bytes.Detach();  // the conversion takes the input over
+      ConvertBufferToUTF16LE(data, size, out, outSize);
+      NormalizeCrLfPairs(out, outSize);
+      m_pText = out;
+      m_dwTextLength = static_cast<uint32_t>(outSize);
+    } else {
+      CString question;
+      question.Format(LocalText(161), m_strFileName.GetString());
+      if (AfxMessageBox(question, MB_YESNO | MB_ICONEXCLAMATION, 0) != IDYES)
+        return false;  // `bytes` releases the data
+      m_pBuffer = bytes.Detach();
+      m_pText = m_pBuffer;
+      m_dwTextLength = static_cast<uint32_t>(size);
+      ConvertNullsToSpaces(m_pText, size);
+    }
+    m_bLoaded = true;
+  }
+  text = m_pText;
+  length = m_dwTextLength;
+  return true;
+}
+
+void CVnDiffFile::DetermineFileTypeAndEncoding(unsigned char* data, unsigned long size) {
+  m_nFileType = TypeText;
+  m_nEncoding = EncodingNone;
+  m_nCodePage = vn::os::GetACP();
+  m_bHasBOM = false;
+  if (size == 0)
+    return;
+  if (size >= 2) {
+    unsigned char head[3];
+    Head(data, size, head);
+    if (memcmp(head, kUtf8Mark, 3) == 0) {
+      m_nEncoding = EncodingUTF8;
+      m_nCodePage = 65001;
+    } else if (memcmp(head, kUtf16LEMark, 2) == 0) {
+      m_nEncoding = EncodingUTF16LE;
+      m_nCodePage = 70001;
+    } else if (memcmp(head, kUtf16BEMark, 2) == 0) {
+      m_nEncoding = EncodingUTF16BE;
+      m_nCodePage = 70000;
+    }
+    if (m_nEncoding != EncodingNone) {
+      m_nFileType = TypeUnicode;
+      m_bHasBOM = true;
+      return;
+    }
+  }
+  if (memchr(data, 0, size))
+    m_nFileType = TypeBinary;
+}
+
+// Whether the data carries the mark of the encoding chosen; the mark of
+// another encoding doesn't count.
+bool CVnDiffFile::HasBOM(unsigned char* data, unsigned long size) {
+  unsigned char head[3];
+  Head(data, size, head);
+  if (m_nFileType != TypeUnicode)
+    return false;
+  switch (m_nEncoding) {
+  case EncodingUTF8: return memcmp(head, kUtf8Mark, 3) == 0;
+  case EncodingUTF16LE: return memcmp(head, kUtf16LEMark, 2) == 0;
+  case EncodingUTF16BE: return memcmp(head, kUtf16BEMark, 2) == 0;
+  default: return false;
+  }
+}
+
+// Takes `in` over: afterwards it is null and 0, except for UTF-16LE, where
+// the input itself becomes the buffer and `out` points into it past the mark.
+void CVnDiffFile::ConvertBufferToUTF16LE(unsigned char*& in, unsigned long& inSize, unsigned char*& out,
+                                         unsigned long& outSize) {
+  out = nullptr;
+  outSize = 0;
+  if (inSize == 0) {
+    delete[] in;
+    in = nullptr;
+    return;
+  }
+  CVnSmartBytePtr input(in);  // released on every way out but UTF-16LE's
+  unsigned long skip = 0;
+  if (m_nFileType == TypeUnicode && m_bHasBOM)
+    skip = m_nEncoding == EncodingUTF8 ? 3 : 2;
+  const unsigned char* start = in + skip;
+  const unsigned long rest = inSize - skip;
+
+  if (m_nFileType == TypeUnicode && m_nEncoding == EncodingUTF16LE) {
+    m_pBuffer = input.Detach();
+    out = m_pBuffer + skip;
+    outSize = rest;
+    return;
+  }
+  if (m_nFileType == TypeUnicode && m_nEncoding == EncodingUTF16BE) {
+    unsigned char* swapped = new unsigned char[rest];
+    memcpy(swapped, start, rest);
+    for (unsigned long i = 0; i + 1 < rest; i += 2) {
+      swapped[i] = start[i + 1];
+      swapped[i + 1] = start[i];
+    }
+    m_pBuffer = out = swapped;
+    outSize = rest;
+  } else {
+    const unsigned int page = m_nFileType == TypeUnicode ? 65001u : m_nCodePage;
+    m_pBuffer = out = DecodeToUtf16(page, start, rest, outSize);
+  }
+  in = nullptr;
+  inSize = 0;
+}
+
+// Repairs line ends in place where it can (LF CR to CR LF) and copies the
+// text once when a lone CR or LF has to grow into CR LF.
+void CVnDiffFile::NormalizeCrLfPairs(unsigned char*& text, unsigned long& size) {
+  const unsigned long n = size / 2;
+  if (n == 0)
+    return;
+  unsigned long marks = 0;
+  unsigned long i = 0;
+  for (; i < n; ++i) {
+    const unsigned short u = UnitAt(text, i);
+    if (u == 0)
+      break;  // a NUL unit ends the scan
+    if (u == kCR) {
+      if (!(i + 1 < n && UnitAt(text, i + 1) == kLF)) {
+        ++marks;
+        SetUnit(text, i, 0);
+      }
+    } else if (u == kLF) {
+      if (i > 0 && UnitAt(text, i - 1) == kCR)
+        continue;
+      if (i + 1 < n && UnitAt(text, i + 1) == kCR) {
+        SetUnit(text, i, kCR);
+        SetUnit(text, i + 1, kLF);
+      } else {
+        ++marks;
+        SetUnit(text, i, 0);
+      }
+    }
+  }
+  if (marks == 0)
+    return;
+
+  // Second pass: every 0 unit before the end of the scan becomes CR LF.
+  unsigned char* repaired = new unsigned char[2 * static_cast<size_t>(i + marks)];
+  unsigned long w = 0;
+  for (unsigned long k = 0; k < i; ++k) {
+    const unsigned short u = UnitAt(text, k);
+    if (u == 0) {
+      SetUnit(repaired, w++, kCR);
+      SetUnit(repaired, w++, kLF);
+    } else {
+      SetUnit(repaired, w++, u);
+    }
+  }
+  assert(w == i + marks && "every mark grows by exactly one unit");
+  delete[] m_pBuffer;
+  m_pBuffer = text = repaired;
+  size = 2 * w;
+}
+
+void CVnDiffFile::ConvertNullsToSpaces(unsigned char* data, unsigned long size) {
+  if (size == 0)
+    return;
+  data[size - 1] = BINARY_MARKER;
+  for (unsigned long i = 0; i < size; ++i)
+    if (data[i] == 0)
+      data[i] = 0x20;
+}
+
+CString CVnDiffFile::GetEncodingDescription() const {
+  if (m_nFileType == TypeBinary)
+    return LocalText(154);
+  if (m_nFileType == TypeUnicode && m_nEncoding == EncodingUTF16LE)
+    return LocalText(151);
+  if (m_nFileType == TypeUnicode && m_nEncoding == EncodingUTF16BE)
+    return LocalText(150);
+  const unsigned int page = m_nFileType == TypeUnicode && m_nEncoding == EncodingUTF8 ? 65001u : m_nCodePage;
+  CPINFOEXW info;
+  if (!GetVnCPInfo(page, 0, &info))
+    return CString();
+  return CString(info.CodePageName);
+}
