@@ -1,0 +1,180 @@
+// VnLineIdentityTest.cpp - the line hash, equality under the three flags,
+// and class numbers from the hash chains.
+#include "EngineTestUtil.h"
+#include "engine/VnLineIdentity.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace {
+
+CVnLineFlags Flags(bool ws, bool ic, bool le) {
+  CVnLineFlags f;
+  f.m_bIgnoreWhitespace = ws;
+  f.m_bIgnoreCase = ic;
+  f.m_bIgnoreLineEnds = le;
+  return f;
+}
+
+// A line record over text that the caller keeps alive.
+CVnDiffLine Line(const std::string& bytes, bool wide = false) {
+  return CVnDiffLine(reinterpret_cast<const unsigned char*>(bytes.data()), static_cast<uint32_t>(bytes.size()), wide);
+}
+
+// Hashes both lines under the flags, as Compare does, then tests equality.
+bool Equal(const std::string& a, const std::string& b, const CVnLineFlags& f, bool wide = false) {
+  std::string wa = wide ? vn::test::Widen16(a) : a, wb = wide ? vn::test::Widen16(b) : b;
+  CVnDiffLine la = Line(wa, wide), lb = Line(wb, wide);
+  VnHashLine(la, f);
+  VnHashLine(lb, f);
+  return VnLinesEqual(la, lb, f);
+}
+
+uint32_t Hash(const std::string& text, const CVnLineFlags& f, bool wide = false) {
+  std::string bytes = wide ? vn::test::Widen16(text) : text;
+  CVnDiffLine line = Line(bytes, wide);
+  uint32_t h = VnHashLine(line, f);
+  EXPECT_EQ(h, line.GetHash()) << "the record holds the hash";
+  return h;
+}
+
+struct EqualCase {
+  const char* a;
+  const char* b;
+  bool ws, ic, le;
+  bool equal;
+};
+
+}  // namespace
+
+TEST(VnLineIdentityTest, HashHasKnownValues) {
+  const CVnLineFlags none = Flags(false, false, false);
+  EXPECT_EQ(2853781978u, Hash("abc", none));
+  EXPECT_EQ(2853781978u, Hash("abc", none, true));  // same units, same hash in both widths
+  EXPECT_EQ(0u, Hash("", none));
+  EXPECT_EQ(0x61u * 6293815u, Hash("a", none));
+  EXPECT_NE(Hash("ab", none), Hash("ba", none));  // order matters
+  EXPECT_EQ(Hash("\xE9", none), 0xE9u * 6293815u);  // bytes are zero-extended
+}
+
+TEST(VnLineIdentityTest, SkippedUnitsDoNotMoveTheOthers) {
+  EXPECT_EQ(Hash("ab", Flags(false, false, false)), Hash(" a\t b ", Flags(true, false, false)));
+  EXPECT_EQ(Hash("ab", Flags(false, false, false)), Hash("a\rb\n", Flags(false, false, true)));
+  EXPECT_EQ(Hash("abc", Flags(false, false, false)), Hash("ABC", Flags(false, true, false)));
+  EXPECT_EQ(0u, Hash(" \t ", Flags(true, false, false)));
+}
+
+TEST(VnLineIdentityTest, CaseCountsBehindANul) {
+  const CVnLineFlags ic = Flags(false, true, false);
+  std::string a("Ab\0C", 4), b("ab\0c", 4), c("aB\0C", 4);
+  EXPECT_NE(Hash(a, ic), Hash(b, ic));
+  EXPECT_EQ(Hash(a, ic), Hash(c, ic));  // before the NUL case is folded
+  EXPECT_FALSE(Equal(a, b, ic));
+  EXPECT_TRUE(Equal(a, c, ic));
+  EXPECT_FALSE(Equal(a, b, ic, true));
+  EXPECT_TRUE(Equal(a, c, ic, true));
+}
+
+TEST(VnLineIdentityTest, EqualityUnderTheFlags) {
+  static const EqualCase kCases[] = {
+      {"abc", "abc", 0, 0, 0, true},
+      {"abc", "abd", 0, 0, 0, false},
+      {"ABC", "abc", 0, 0, 0, false},
+      {"ABC", "abc", 0, 1, 0, true},
+      {"a b", "ab", 1, 0, 0, true},
+      {" a\tb ", "ab", 1, 0, 0, true},
+      {"a b", " a\tb ", 1, 0, 0, true},
+      {"   ", "", 1, 0, 0, true},
+      {"ab ", "ab", 1, 0, 0, true},
+      {"ab \r", "ab\r", 1, 0, 0, true},
+      {"ab\r", "ab", 1, 0, 0, false},
+      {"ab\r", "ab", 0, 0, 1, true},
+      {"\r", "", 0, 0, 1, true},
+      {"ab\r\r", "ab", 0, 0, 1, true},
+      {"ab", "ab\r\r", 0, 0, 1, true},
+      {"a\rb", "ab", 0, 0, 1, false},
+      {"a\rb", "a\nb", 0, 0, 1, true},
+      {"ab\r", "ab", 0, 0, 0, false},
+      {"A b\r", "ab", 1, 1, 1, true},
+      {"ab", "abc", 1, 0, 0, false},
+      {"abc", "ab", 0, 0, 1, false},
+  };
+  for (bool wide : {false, true})
+    for (const auto& c : kCases)
+      EXPECT_EQ(c.equal, Equal(c.a, c.b, Flags(c.ws, c.ic, c.le), wide))
+          << "'" << c.a << "' vs '" << c.b << "' flags " << c.ws << c.ic << c.le << " wide " << wide;
+}
+
+TEST(VnLineIdentityTest, LengthAndHashDecideBeforeTheBytes) {
+  const CVnLineFlags none = Flags(false, false, false);
+  std::string a = "abc", b = "abcd";
+  CVnDiffLine la = Line(a), lb = Line(b);
+  la.SetHash(5);
+  lb.SetHash(5);
+  EXPECT_FALSE(VnLinesEqual(la, lb, none));  // lengths differ: no look at anything else
+  std::string c = "abc";
+  CVnDiffLine lc = Line(c);
+  lc.SetHash(6);
+  EXPECT_FALSE(VnLinesEqual(la, lc, none));  // same bytes, stale hashes differ
+  lc.SetHash(5);
+  EXPECT_TRUE(VnLinesEqual(la, lc, none));
+}
+
+TEST(VnLineIdentityTest, WideCaseFoldingUsesTheWideRules) {
+  const CVnLineFlags ic = Flags(false, true, false);
+  std::string upper("\xC9\x00", 2), lower("\xE9\x00", 2);  // E-acute, as 16-bit units
+  CVnDiffLine lu = Line(upper, true), ll = Line(lower, true);
+  VnHashLine(lu, ic);
+  VnHashLine(ll, ic);
+  bool foldsLatin1 = VnToLower(static_cast<WCHAR>(0xC9)) == 0xE9;
+  EXPECT_EQ(foldsLatin1, VnLinesEqual(lu, ll, ic));
+  // 8-bit lines fold A to Z only, the same in hash and walk.
+  EXPECT_FALSE(Equal("\xC9", "\xE9", ic));
+}
+
+TEST(VnLineIdentityTest, ClassesFollowFirstAppearance) {
+  const CVnLineFlags none = Flags(false, false, false);
+  std::string texts[] = {"a", "b", "a", "c", "b"};
+  CVnDiffLine lines[5];
+  CVnLineSlot slots[5];
+  for (int i = 0; i < 5; ++i) {
+    lines[i] = Line(texts[i]);
+    slots[i] = {&lines[i], i, VnHashLine(lines[i], none)};
+  }
+  CVnClassTable table(10, none);
+  int32_t expected[] = {1, 2, 1, 3, 2};
+  for (int i = 0; i < 5; ++i)
+    EXPECT_EQ(expected[i], table.ClassOf(slots[i])) << i;
+  EXPECT_EQ(4, table.Count());
+}
+
+TEST(VnLineIdentityTest, HashCollisionsStaySeparateClasses) {
+  const CVnLineFlags none = Flags(false, false, false);
+  std::string x = "xx", y = "yy", z = "xx";
+  CVnDiffLine lx = Line(x), ly = Line(y), lz = Line(z);
+  CVnLineSlot sx = {&lx, 0, 77}, sy = {&ly, 1, 77}, sz = {&lz, 2, 77};
+  lx.SetHash(77);
+  ly.SetHash(77);
+  lz.SetHash(77);
+  CVnClassTable table(8, none);
+  EXPECT_EQ(1, table.ClassOf(sx));
+  EXPECT_EQ(2, table.ClassOf(sy));
+  EXPECT_EQ(1, table.ClassOf(sz));  // tried against each founder in the chain
+}
+
+TEST(VnLineIdentityTest, FullPoolThrowsTheLastVisitedNode) {
+  const CVnLineFlags none = Flags(false, false, false);
+  std::string a = "a", b = "b";
+  CVnDiffLine la = Line(a), lb = Line(b);
+  CVnLineSlot sa = {&la, 0, VnHashLine(la, none)}, sb = {&lb, 1, VnHashLine(lb, none)};
+  CVnClassTable table(2, none);  // room for class 1 only
+  EXPECT_EQ(1, table.ClassOf(sa));
+  bool thrown = false;
+  try {
+    table.ClassOf(sb);
+  } catch (CVnEquivalence*) {
+    thrown = true;
+  }
+  EXPECT_TRUE(thrown);
+}
