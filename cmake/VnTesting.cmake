@@ -27,10 +27,17 @@ endfunction()
 # vn_add_test_dir(<name> [LIBS ...])
 #
 # One test executable from every *.cpp in the calling directory; files ending
-# in Win32Test.cpp join only in the Windows build.
+# in Win32Test.cpp, those in a win32/ subdirectory and resource scripts (*.rc,
+# test-only resources linked into the executable) join only in the Windows
+# build.
 function(vn_add_test_dir name)
   cmake_parse_arguments(ARG "" "" "LIBS" ${ARGN})
-  file(GLOB all CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp)
+  set(dir ${CMAKE_CURRENT_SOURCE_DIR})
+  if(WIN32)
+    file(GLOB all CONFIGURE_DEPENDS ${dir}/*.cpp ${dir}/win32/*.cpp ${dir}/*.rc ${dir}/win32/*.rc)
+  else()
+    file(GLOB all CONFIGURE_DEPENDS ${dir}/*.cpp)
+  endif()
   set(srcs "")
   foreach(f ${all})
     if(NOT WIN32 AND (f MATCHES "Win32Test\\.cpp$" OR f MATCHES "/win32/"))

@@ -21,6 +21,7 @@ HINSTANCE GetResourceModule() { return &g_componentModule; }
 const WCHAR* VnFindLocalText(HINSTANCE module, UINT id, size_t* length) {
   if (!module)
     return nullptr;
+  id &= 0xFFFF;  // resource numbers are 16-bit; Win32 drops the high word too
   for (size_t i = 0; i < module->count; ++i) {
     const VnStringEntry& entry = module->strings[i];
     if (entry.id != id)

@@ -1,0 +1,240 @@
+// CWnd.cpp - a window object over an HWND, and the one window procedure.
+//
+// Object and handle are tied by a window property holding the object's
+// address, set at WM_NCCREATE (own classes) or by SubclassWindow (system
+// classes), and removed at WM_NCDESTROY, after which the object holds no
+// handle and PostNcDestroy runs.
+#include "afx/win32/CWnd.h"
+
+#include <cassert>
+
+IMPLEMENT_DYNAMIC(CWnd, CObject)
+
+static const WCHAR kObjectProperty[] = L"VnReconcile.CWnd";
+
+CWnd::~CWnd() {
+  if (m_hWnd)
+    DestroyWindow();
+}
+
+CWnd* CWnd::FromHandlePermanent(HWND hWnd) {
+  return hWnd ? static_cast<CWnd*>(::GetPropW(hWnd, kObjectProperty)) : nullptr;
+}
+
+//===-- The one window procedure -------------------------------------------===//
+
+void CWnd::Tie(HWND hWnd) {
+  m_hWnd = hWnd;
+  ::SetPropW(hWnd, kObjectProperty, this);
+}
+
+void CWnd::Untie() {
+  ::RemovePropW(m_hWnd, kObjectProperty);
+  m_hWnd = nullptr;
+}
+
+// Until WM_NCCREATE ties the object, messages (WM_GETMINMAXINFO comes first)
+// get the default treatment.  WM_NCDESTROY is the last message: the object
+// lets go of the handle before its PostNcDestroy, which may delete it.
+LRESULT CALLBACK CWnd::StaticWindowProc(HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam) {
+  CWnd* wnd = FromHandlePermanent(hWnd);
+  if (!wnd && message == WM_NCCREATE) {
+    wnd = static_cast<CWnd*>(reinterpret_cast<CREATESTRUCTW*>(lParam)->lpCreateParams);
+    if (wnd)
+      wnd->Tie(hWnd);
+  }
+  if (!wnd)
+    return ::DefWindowProcW(hWnd, message, wParam, lParam);
+  LRESULT result = wnd->WindowProc(message, wParam, lParam);
+  if (message == WM_NCDESTROY) {
+    WNDPROC super = wnd->m_pfnSuper;
+    wnd->m_pfnSuper = nullptr;
+    if (super)
+      ::SetWindowLongPtrW(hWnd, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(super));
+    wnd->Untie();
+    wnd->PostNcDestroy();
+  }
+  return result;
+}
+
+LRESULT CWnd::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) { return DefWindowProc(message, wParam, lParam); }
+
+LRESULT CWnd::DefWindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
+  if (m_pfnSuper)
+    return ::CallWindowProcW(m_pfnSuper, m_hWnd, message, wParam, lParam);
+  return ::DefWindowProcW(m_hWnd, message, wParam, lParam);
+}
+
+//===-- Creation and lifetime ----------------------------------------------===//
+
+LPCWSTR CWnd::DefaultClassName() {
+  static const WCHAR kName[] = L"VnReconcileWnd";
+  static bool registered = false;
+  if (!registered) {
+    WNDCLASSEXW wc = {};
+    wc.cbSize = sizeof(wc);
+    wc.style = CS_DBLCLKS;
+    wc.lpfnWndProc = &CWnd::StaticWindowProc;
+    wc.hInstance = ::GetModuleHandleW(nullptr);
+    wc.hCursor = ::LoadCursorW(nullptr, MAKEINTRESOURCEW(32512));  // IDC_ARROW
+    wc.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_WINDOW + 1);
+    wc.lpszClassName = kName;
+    registered = ::RegisterClassExW(&wc) != 0 || ::GetLastError() == ERROR_CLASS_ALREADY_EXISTS;
+  }
+  return kName;
+}
+
+BOOL CWnd::CreateEx(DWORD exStyle, LPCWSTR className, LPCWSTR windowName, DWORD style, const RECT& rect,
+                    CWnd* parent, UINT id, LPVOID param) {
+  assert(!m_hWnd && "the object holds no window yet");
+  assert(!param && "the create parameter carries the object itself");
+  bool ownClass = className == nullptr;
+  if (ownClass)
+    className = DefaultClassName();
+  HMENU menuOrId = (style & WS_CHILD) ? reinterpret_cast<HMENU>(static_cast<UINT_PTR>(id)) : nullptr;
+  HWND hWnd = ::CreateWindowExW(exStyle, className, windowName, style, rect.left, rect.top, rect.right - rect.left,
+                                rect.bottom - rect.top, parent ? parent->m_hWnd : nullptr, menuOrId,
+                                ::GetModuleHandleW(nullptr), ownClass ? this : nullptr);
+  if (!hWnd)
+    return FALSE;
+  // A window of a system class never saw our procedure: the object only
+  // holds it, as a control wrapper does.
+  if (!m_hWnd)
+    m_hWnd = hWnd;
+  return TRUE;
+}
+
+BOOL CWnd::Create(LPCWSTR className, LPCWSTR windowName, DWORD style, const RECT& rect, CWnd* parent, UINT id) {
+  return CreateEx(0, className, windowName, style, rect, parent, id);
+}
+
+// A tied window clears m_hWnd itself at WM_NCDESTROY; a merely held one is
+// let go of here.
+BOOL CWnd::DestroyWindow() {
+  if (!m_hWnd)
+    return FALSE;
+  HWND hWnd = m_hWnd;
+  bool tied = FromHandlePermanent(hWnd) == this;
+  BOOL done = ::DestroyWindow(hWnd);
+  if (!tied && m_hWnd == hWnd)
+    m_hWnd = nullptr;
+  return done;
+}
+
+BOOL CWnd::Attach(HWND hWnd) {
+  if (!hWnd || m_hWnd)
+    return FALSE;
+  m_hWnd = hWnd;
+  return TRUE;
+}
+
+HWND CWnd::Detach() {
+  HWND hWnd = m_hWnd;
+  if (hWnd && FromHandlePermanent(hWnd) == this)
+    UnsubclassWindow();
+  m_hWnd = nullptr;
+  return hWnd;
+}
+
+BOOL CWnd::SubclassWindow(HWND hWnd) {
+  if (!hWnd || m_hWnd || FromHandlePermanent(hWnd))
+    return FALSE;
+  Tie(hWnd);
+  m_pfnSuper = reinterpret_cast<WNDPROC>(
+      ::SetWindowLongPtrW(hWnd, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&CWnd::StaticWindowProc)));
+  return TRUE;
+}
+
+HWND CWnd::UnsubclassWindow() {
+  HWND hWnd = m_hWnd;
+  if (!hWnd)
+    return nullptr;
+  if (m_pfnSuper)
+    ::SetWindowLongPtrW(hWnd, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(m_pfnSuper));
+  m_pfnSuper = nullptr;
+  Untie();
+  return hWnd;
+}
+
+//===-- Wrappers -----------------------------------------------------------===//
+
+LRESULT CWnd::SendMessage(UINT message, WPARAM wParam, LPARAM lParam) const {
+  assert(::IsWindow(m_hWnd) && "the object holds a live window");
+  return ::SendMessageW(m_hWnd, message, wParam, lParam);
+}
+
+BOOL CWnd::PostMessage(UINT message, WPARAM wParam, LPARAM lParam) const {
+  assert(::IsWindow(m_hWnd) && "the object holds a live window");
+  return ::PostMessageW(m_hWnd, message, wParam, lParam);
+}
+
+void CWnd::SetWindowText(LPCWSTR text) {
+  assert(::IsWindow(m_hWnd) && "the object holds a live window");
+  ::SetWindowTextW(m_hWnd, text);
+}
+
+void CWnd::GetWindowText(CString& text) const {
+  int length = GetWindowTextLength();
+  ::GetWindowTextW(m_hWnd, text.GetBufferSetLength(length), length + 1);
+  text.ReleaseBuffer();
+}
+
+int CWnd::GetWindowTextLength() const {
+  assert(::IsWindow(m_hWnd) && "the object holds a live window");
+  return ::GetWindowTextLengthW(m_hWnd);
+}
+
+BOOL CWnd::ShowWindow(int command) {
+  assert(::IsWindow(m_hWnd) && "the object holds a live window");
+  return ::ShowWindow(m_hWnd, command);
+}
+
+void CWnd::MoveWindow(int x, int y, int width, int height, BOOL repaint) {
+  assert(::IsWindow(m_hWnd) && "the object holds a live window");
+  ::MoveWindow(m_hWnd, x, y, width, height, repaint);
+}
+
+void CWnd::GetClientRect(RECT* rect) const {
+  assert(::IsWindow(m_hWnd) && "the object holds a live window");
+  ::GetClientRect(m_hWnd, rect);
+}
+
+void CWnd::GetWindowRect(RECT* rect) const {
+  assert(::IsWindow(m_hWnd) && "the object holds a live window");
+  ::GetWindowRect(m_hWnd, rect);
+}
+
+HWND CWnd::SetFocus() {
+  assert(::IsWindow(m_hWnd) && "the object holds a live window");
+  return ::SetFocus(m_hWnd);
+}
+
+BOOL CWnd::IsWindowVisible() const {
+  assert(::IsWindow(m_hWnd) && "the object holds a live window");
+  return ::IsWindowVisible(m_hWnd);
+}
+
+BOOL CWnd::EnableWindow(BOOL enable) {
+  assert(::IsWindow(m_hWnd) && "the object holds a live window");
+  return ::EnableWindow(m_hWnd, enable);
+}
+
+CWnd* CWnd::GetParent() const {
+  assert(::IsWindow(m_hWnd) && "the object holds a live window");
+  return FromHandlePermanent(::GetParent(m_hWnd));
+}
+
+int CWnd::GetDlgCtrlID() const {
+  assert(::IsWindow(m_hWnd) && "the object holds a live window");
+  return ::GetDlgCtrlID(m_hWnd);
+}
+
+void CWnd::Invalidate(BOOL erase) {
+  assert(::IsWindow(m_hWnd) && "the object holds a live window");
+  ::InvalidateRect(m_hWnd, nullptr, erase);
+}
+
+BOOL CWnd::UpdateWindow() {
+  assert(::IsWindow(m_hWnd) && "the object holds a live window");
+  return ::UpdateWindow(m_hWnd);
+}

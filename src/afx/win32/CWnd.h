@@ -1,0 +1,81 @@
+// CWnd.h - a window object over an HWND.
+//
+// The object holds its window's handle and nothing the window already
+// knows.  Windows of the component's own classes share one window procedure,
+// StaticWindowProc: CreateEx hands the object's address through the create
+// parameters, the procedure ties object and handle together at
+// WM_NCCREATE, and from then on it finds the object from the handle and
+// calls its virtual WindowProc.  A window of a system class (a control) can
+// join the same way after creation through SubclassWindow; its original
+// procedure then does the default work.  Wrapper methods are one assert and
+// one message.
+#ifndef VN_AFX_WIN32_CWND_H
+#define VN_AFX_WIN32_CWND_H
+
+#include "afx/afx.h"
+
+class VN_API CWnd : public CObject {
+  DECLARE_DYNAMIC(CWnd)
+public:
+  CWnd() = default;
+  // Destroys the window if the object still holds one.
+  ~CWnd() override;
+  CWnd(const CWnd&) = delete;
+  CWnd& operator=(const CWnd&) = delete;
+
+  operator HWND() const { return m_hWnd; }
+  HWND GetSafeHwnd() const { return m_hWnd; }
+  // The object tied to a window by StaticWindowProc, or null.
+  static CWnd* FromHandlePermanent(HWND hWnd);
+
+  // className null: the component's default window class.  Gives FALSE when
+  // the system refused; the object then holds no window.
+  BOOL CreateEx(DWORD exStyle, LPCWSTR className, LPCWSTR windowName, DWORD style, const RECT& rect, CWnd* parent,
+                UINT id, LPVOID param = nullptr);
+  BOOL Create(LPCWSTR className, LPCWSTR windowName, DWORD style, const RECT& rect, CWnd* parent, UINT id);
+  BOOL DestroyWindow();
+  // Holds a window without routing its messages; Detach lets go of it.
+  BOOL Attach(HWND hWnd);
+  HWND Detach();
+  // Routes an existing window's messages through WindowProc; its original
+  // procedure becomes the default.
+  BOOL SubclassWindow(HWND hWnd);
+  HWND UnsubclassWindow();
+
+  LRESULT SendMessage(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const;
+  BOOL PostMessage(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const;
+  void SetWindowText(LPCWSTR text);
+  void GetWindowText(CString& text) const;
+  int GetWindowTextLength() const;
+  BOOL ShowWindow(int command);
+  void MoveWindow(int x, int y, int width, int height, BOOL repaint = TRUE);
+  void GetClientRect(RECT* rect) const;
+  void GetWindowRect(RECT* rect) const;
+  HWND SetFocus();
+  BOOL IsWindowVisible() const;
+  BOOL EnableWindow(BOOL enable = TRUE);
+  CWnd* GetParent() const;
+  int GetDlgCtrlID() const;
+  void Invalidate(BOOL erase = TRUE);
+  BOOL UpdateWindow();
+
+  HWND m_hWnd = nullptr;
+
+protected:
+  // A window's messages, once tied to this object.  The default passes them
+  // to DefWindowProcW, or to the original procedure of a subclassed window.
+  virtual LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam);
+  // Called after the last message (WM_NCDESTROY), when the handle is gone.
+  virtual void PostNcDestroy() {}
+  LRESULT DefWindowProc(UINT message, WPARAM wParam, LPARAM lParam);
+
+private:
+  static LRESULT CALLBACK StaticWindowProc(HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam);
+  static LPCWSTR DefaultClassName();
+  void Tie(HWND hWnd);
+  void Untie();
+
+  WNDPROC m_pfnSuper = nullptr;
+};
+
+#endif  // VN_AFX_WIN32_CWND_H

@@ -1,0 +1,67 @@
+// LocalResourcesTest.cpp - texts by module and number, in either build.
+#include "foundation/LocalResources.h"
+
+#include "TestModule.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace {
+
+using vn::test::TestModule;
+
+std::string Utf8(const CString& s) { return VnToUtf8(s); }
+
+TEST(LocalResourcesTest, TheComponentHasItsOwnModule) {
+  ASSERT_NE(nullptr, GetResourceModule());
+  EXPECT_NE(TestModule(), GetResourceModule());
+  EXPECT_EQ(GetResourceModule(), GetResourceModule());
+}
+
+// Both forms of LoadLocalString, for one module and number each.
+struct LoadCase {
+  const char* what;
+  bool component;  // else the test module
+  UINT id;
+  int length;           // of the loaded text
+  const char* tail;     // its last characters
+};
+
+const LoadCase kLoads[] = {
+    {"plain text", false, vn::test::kPlain, 26, "test module."},
+    {"exactly the limit", false, vn::test::kAtLimit, 4096, "89ABCDEF"},
+    {"past the limit is cut", false, vn::test::kPastLimit, 4096, "89ABCDEF"},
+    {"empty entry", false, vn::test::kEmpty, 0, ""},
+    {"number without entry", false, 999, 0, ""},
+    {"same number, other module", false, vn::test::kShared, 31, "own text 160."},
+    {"the component's 160", true, 160, 35, "error occured."},
+    {"component, number 0", true, 0, 0, ""},
+    {"component, highest number", true, 0xFFFF, 0, ""},
+    {"high word ignored, as Win32 does", true, 0x10000 + 160, 35, "error occured."},
+};
+
+TEST(LocalResourcesTest, LoadsByModuleAndNumberCutAtTheLimit) {
+  for (const LoadCase& c : kLoads) {
+    SCOPED_TRACE(c.what);
+    HINSTANCE module = c.component ? GetResourceModule() : TestModule();
+    const CString value = LoadLocalString(module, c.id);
+    EXPECT_EQ(c.length, value.GetLength());
+    std::string text = Utf8(value);
+    std::string tail = c.tail;
+    ASSERT_GE(text.size(), tail.size());
+    EXPECT_EQ(tail, text.substr(text.size() - tail.size()));
+
+    CString into(_T("previous content"));
+    BOOL loaded = LoadLocalString(module, c.id, into);
+    EXPECT_EQ(c.length > 0 ? TRUE : FALSE, loaded);
+    EXPECT_EQ(Utf8(value), Utf8(into));
+  }
+}
+
+TEST(LocalResourcesTest, TheCutKeepsTheTextsBeginning) {
+  CString text = LoadLocalString(TestModule(), vn::test::kPastLimit);
+  EXPECT_EQ("0123456789", Utf8(text.Left(10)));
+}
+
+}  // namespace

@@ -1,0 +1,61 @@
+// LocalResourcesWin32Test.cpp - menus, bitmaps and the DLL's own handle.
+#include "foundation/LocalResources.h"
+
+#include "afx/win32/CGdiObject.h"
+#include "afx/win32/CMenu.h"
+
+#include "TestModule.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using vn::test::TestModule;
+
+TEST(LocalResourcesWin32Test, TheResourceModuleIsTheDllNotTheHost) {
+  EXPECT_EQ(::GetModuleHandleW(L"vnreconcile.dll"), GetResourceModule());
+  EXPECT_NE(::GetModuleHandleW(nullptr), GetResourceModule());
+}
+
+TEST(LocalResourcesWin32Test, LoadsAMenuIntoAnEmptyObject) {
+  CMenu menu;
+  ASSERT_EQ(TRUE, LoadLocalMenu(TestModule(), vn::test::kMenu, menu));
+  EXPECT_EQ(2, menu.GetMenuItemCount());
+  EXPECT_EQ(vn::test::kMenuFirst, menu.GetMenuItemID(0));
+  CString text;
+  menu.GetMenuString(vn::test::kMenuSecond, text, MF_BYCOMMAND);
+  EXPECT_EQ(0, text.Compare(L"&Second"));
+}
+
+TEST(LocalResourcesWin32Test, AMissingMenuOrAnOccupiedObjectGivesZero) {
+  CMenu menu;
+  EXPECT_EQ(FALSE, LoadLocalMenu(TestModule(), 999, menu));
+  EXPECT_EQ(nullptr, menu.GetSafeHmenu());
+  EXPECT_EQ(FALSE, LoadLocalMenu(GetResourceModule(), vn::test::kMenu, menu));
+
+  ASSERT_EQ(TRUE, LoadLocalMenu(TestModule(), vn::test::kMenu, menu));
+  HMENU held = menu.GetSafeHmenu();
+  EXPECT_EQ(FALSE, LoadLocalMenu(TestModule(), vn::test::kMenu, menu));
+  EXPECT_EQ(held, menu.GetSafeHmenu());
+}
+
+TEST(LocalResourcesWin32Test, LoadsABitmapWithItsSize) {
+  CBitmap bitmap;
+  ASSERT_EQ(TRUE, LoadLocalBitmap(TestModule(), vn::test::kBitmap, bitmap));
+  BITMAP info = {};
+  ASSERT_NE(0, bitmap.GetBitmap(&info));
+  EXPECT_EQ(2, info.bmWidth);
+  EXPECT_EQ(1, info.bmHeight);
+}
+
+TEST(LocalResourcesWin32Test, AMissingBitmapOrAnOccupiedObjectGivesZero) {
+  CBitmap bitmap;
+  EXPECT_EQ(FALSE, LoadLocalBitmap(TestModule(), 999, bitmap));
+  EXPECT_EQ(nullptr, bitmap.GetSafeHandle());
+  ASSERT_EQ(TRUE, LoadLocalBitmap(TestModule(), vn::test::kBitmap, bitmap));
+  HGDIOBJ held = bitmap.GetSafeHandle();
+  EXPECT_EQ(FALSE, LoadLocalBitmap(TestModule(), vn::test::kBitmap, bitmap));
+  EXPECT_EQ(held, bitmap.GetSafeHandle());
+}
+
+}  // namespace

@@ -1,0 +1,349 @@
+// VnExceptionTest.cpp - the component's failures, from throw to the text a
+// user sees: message boxes through a scripted prompt (text, type, help ID),
+// texts through HandleError.
+#include "foundation/VnException.h"
+
+#include "afx/os/OsSeam.h"
+#include "foundation/LocalResources.h"
+
+#include "ScriptedPrompt.h"
+#include "TestModule.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace {
+
+using vn::test::ScriptedPrompt;
+using vn::test::TestModule;
+
+const char kUnknownSystemError[] = "Unknown system-level error occured.";
+// A code with the customer bit set: no system has a text for it.
+const DWORD kCodeWithoutText = 0x2000DEAD;
+
+std::string SystemText(DWORD code) { return VnToUtf8(vn::os::SystemMessage(code).c_str()); }
+
+// What one ReportError call put in front of the user.
+vn::test::AskedBox Report(CException& e, UINT type = MB_OK, UINT messageId = 0, int answer = IDOK) {
+  ScriptedPrompt prompt({answer});
+  EXPECT_EQ(answer, e.ReportError(type, messageId));
+  EXPECT_EQ(1u, prompt.Asked().size());
+  return prompt.Asked().empty() ? vn::test::AskedBox{"", 0, 0} : prompt.Asked()[0];
+}
+
+// An exception that records how it is asked for its text.
+class ProbeException : public CVnException {
+public:
+  ProbeException(LPCWSTR text, BOOL result, UINT help, bool* deleted = nullptr)
+      : m_text(text), m_result(result), m_help(help), m_deleted(deleted) {}
+  ~ProbeException() override {
+    if (m_deleted)
+      *m_deleted = true;
+  }
+  BOOL GetErrorMessage(LPWSTR buffer, UINT maxChars, PUINT helpContext) const override {
+    m_seenSize = maxChars;
+    m_seenHelpPointer = helpContext != nullptr;
+    if (helpContext) {
+      m_seenHelpValue = *helpContext;
+      *helpContext = m_help;
+    }
+    VnCopyMessage(m_text, buffer, maxChars);
+    return m_result;
+  }
+  CString m_text;
+  BOOL m_result;
+  UINT m_help;
+  bool* m_deleted;
+  mutable UINT m_seenSize = 0;
+  mutable bool m_seenHelpPointer = false;
+  mutable UINT m_seenHelpValue = 0xBAD;
+};
+
+//===-- Internal failures --------------------------------------------------===//
+
+TEST(VnExceptionTest, ReconcileExceptionShowsTheTextOfItsIdentifier) {
+  const struct {
+    UINT id;
+    const char* text;
+  } cases[] = {
+      {0, "Internal error with ID 101 has been encountered.  Operation was unsuccessful."},
+      {1, "Internal error with ID 102 has been encountered.  Operation was unsuccessful."},
+      {2, "Internal error with ID 103 has been encountered.  Operation was unsuccessful."},
+      {3, "Fails to copy to a temporary file."},
+      {4, "Unknown error."},
+      {165, "Unknown error."},
+      {0x7FFFFFFF, "Unknown error."},
+      {0x80000000, "Unknown error."},  // negative as a signed number
+      {0xFFFFFFFF, "Unknown error."},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.id);
+    CVnReconcileException e(c.id);
+    vn::test::AskedBox box = Report(e, MB_ICONSTOP);
+    EXPECT_EQ(c.text, box.text);
+    EXPECT_EQ(MB_ICONSTOP, box.type);
+    EXPECT_EQ(0u, box.helpId);
+  }
+}
+
+TEST(VnExceptionTest, ReconcileMessageIsCutToTheBufferAndLeavesTheHelpContext) {
+  CVnReconcileException e(4);
+  WCHAR buffer[9];
+  UINT help = 77;
+  EXPECT_EQ(TRUE, e.GetErrorMessage(buffer, 9, &help));
+  EXPECT_EQ("Unknown ", VnToUtf8(buffer));
+  EXPECT_EQ(77u, help);
+  EXPECT_EQ(TRUE, e.GetErrorMessage(buffer, 1, nullptr));
+  EXPECT_EQ(0, buffer[0]);
+}
+
+TEST(VnExceptionTest, NullBufferOrZeroSizeGivesZeroAndWritesNothing) {
+  CVnReconcileException reconcile(0);
+  CVnOSException os(ERROR_FILE_NOT_FOUND);
+  CException* both[] = {&reconcile, &os};
+  for (CException* e : both) {
+    SCOPED_TRACE(e->GetRuntimeClass()->m_lpszClassName);
+    WCHAR buffer[4] = {'x', 'y', 0, 0};
+    EXPECT_EQ(FALSE, e->GetErrorMessage(nullptr, 100, nullptr));
+    EXPECT_EQ(FALSE, e->GetErrorMessage(buffer, 0, nullptr));
+    EXPECT_EQ('x', buffer[0]);
+  }
+}
+
+//===-- Operating system failures ------------------------------------------===//
+
+TEST(VnExceptionTest, OsExceptionShowsTheSystemsTextForItsCode) {
+  // 0 included: it carries 0, and the system's text for 0 is shown.
+  const DWORD codes[] = {0, ERROR_FILE_NOT_FOUND, ERROR_ACCESS_DENIED, ERROR_SHARING_VIOLATION, 1155, 1156, 1157};
+  for (DWORD code : codes) {
+    SCOPED_TRACE(code);
+    CVnOSException e(code);
+    EXPECT_EQ(code, e.GetError());
+    ASSERT_FALSE(SystemText(code).empty());
+    vn::test::AskedBox box = Report(e, MB_ICONEXCLAMATION);
+    EXPECT_EQ(SystemText(code), box.text);
+    EXPECT_EQ(MB_ICONEXCLAMATION, box.type);
+  }
+}
+
+#ifndef _WIN32
+TEST(VnExceptionTest, NativeOsTextsUseTheWin32Wording) {
+  CString text;
+  CVnException::HandleError(new CVnOSException(ERROR_FILE_NOT_FOUND), text);
+  EXPECT_EQ("The system cannot find the file specified.\r\n", VnToUtf8(text));
+}
+#endif
+
+TEST(VnExceptionTest, UnknownOsCodeFallsBackToString160WhateverTheMessageId) {
+  CVnOSException e(kCodeWithoutText);
+  EXPECT_EQ(kUnknownSystemError, Report(e, MB_OK, 0).text);
+  EXPECT_EQ(kUnknownSystemError, Report(e, MB_OK, 149).text);
+}
+
+TEST(VnExceptionTest, AllOnesStandsForTheLastErrorWhenTheExceptionIsMade) {
+  vn::os::SetLastError(ERROR_ACCESS_DENIED);
+  CVnOSException made(0xFFFFFFFF);
+  vn::os::SetLastError(0);
+  EXPECT_EQ(ERROR_ACCESS_DENIED, made.GetError());
+
+  vn::os::SetLastError(ERROR_SHARING_VIOLATION);
+  try {
+    AfxThrowOSException(0xFFFFFFFF);
+    FAIL() << "did not throw";
+  } catch (CVnOSException* e) {
+    EXPECT_EQ(ERROR_SHARING_VIOLATION, e->GetError());
+    e->Delete();
+  }
+}
+
+TEST(VnExceptionTest, OsMessageIsAllOrNothingAndLeavesTheHelpContext) {
+  CVnOSException e(ERROR_FILE_NOT_FOUND);
+  UINT length = static_cast<UINT>(vn::os::SystemMessage(ERROR_FILE_NOT_FOUND).size());
+  ASSERT_GT(length, 0u);
+  WCHAR buffer[512];
+  UINT help = 77;
+  // The system gets size - 1 characters and needs one for its terminator.
+  EXPECT_EQ(static_cast<BOOL>(length), e.GetErrorMessage(buffer, length + 2, &help));
+  EXPECT_EQ(SystemText(ERROR_FILE_NOT_FOUND), VnToUtf8(buffer));
+  EXPECT_EQ(77u, help);
+
+  buffer[0] = 'x';
+  EXPECT_EQ(FALSE, e.GetErrorMessage(buffer, length + 1, &help));
+  EXPECT_EQ(0, buffer[0]);
+
+  CVnOSException unknown(kCodeWithoutText);
+  buffer[0] = 'x';
+  EXPECT_EQ(FALSE, unknown.GetErrorMessage(buffer, 512, nullptr));
+  EXPECT_EQ(0, buffer[0]);
+}
+
+TEST(VnExceptionTest, ShellResultsBecomeSystemCodes) {
+  const struct {
+    DWORD result;
+    DWORD code;
+  } cases[] = {
+      {2, 2}, {3, 3}, {5, 5}, {11, 11}, {26, 32}, {27, 1155}, {28, 1156}, {29, 1156}, {30, 1156}, {31, 1155},
+      {32, 1157},
+      // No failure, or a failure without its own code: out of memory.
+      {0, 8}, {1, 8}, {4, 8}, {25, 8}, {33, 8}, {42, 8}, {0xFFFFFFFF, 8},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.result);
+    vn::os::SetLastError(ERROR_ACCESS_DENIED);  // must not leak into the result
+    try {
+      AfxThrowShellException(c.result);
+      ADD_FAILURE() << "did not throw";
+    } catch (CException* e) {
+      ASSERT_TRUE(e->IsKindOf(RUNTIME_CLASS(CVnOSException)));
+      EXPECT_EQ(c.code, static_cast<CVnOSException*>(e)->GetError());
+      e->Delete();
+    }
+  }
+}
+
+//===-- Throwing and run-time classes ---------------------------------------===//
+
+TEST(VnExceptionTest, ThrowHelpersThrowHeapObjectsOfTheirClass) {
+  try {
+    AfxThrowReconcileException(CVnReconcileException::CopyToTempFailed);
+    FAIL() << "did not throw";
+  } catch (CVnException* e) {  // caught by the common base, across the DLL boundary
+    ASSERT_TRUE(e->IsKindOf(RUNTIME_CLASS(CVnReconcileException)));
+    EXPECT_EQ(3u, static_cast<CVnReconcileException*>(e)->GetError());
+    e->Delete();
+  }
+  try {
+    AfxThrowOSException(ERROR_ACCESS_DENIED);
+    FAIL() << "did not throw";
+  } catch (CException* e) {
+    EXPECT_TRUE(e->IsKindOf(RUNTIME_CLASS(CVnException)));
+    EXPECT_FALSE(e->IsKindOf(RUNTIME_CLASS(CVnReconcileException)));
+    e->Delete();
+  }
+}
+
+TEST(VnExceptionTest, RuntimeClassesNameTheTree) {
+  CVnOSException os(0);
+  CVnReconcileException reconcile(0);
+  EXPECT_STREQ("CVnOSException", os.GetRuntimeClass()->m_lpszClassName);
+  EXPECT_STREQ("CVnReconcileException", reconcile.GetRuntimeClass()->m_lpszClassName);
+  EXPECT_EQ(RUNTIME_CLASS(CVnException), RUNTIME_CLASS(CVnOSException)->m_pBaseClass);
+  EXPECT_EQ(RUNTIME_CLASS(CVnException), RUNTIME_CLASS(CVnReconcileException)->m_pBaseClass);
+  EXPECT_EQ(RUNTIME_CLASS(CException), RUNTIME_CLASS(CVnException)->m_pBaseClass);
+  EXPECT_TRUE(reconcile.IsKindOf(RUNTIME_CLASS(CObject)));
+}
+
+//===-- ReportError and HandleError -----------------------------------------===//
+
+TEST(VnExceptionTest, ReportErrorAsksWith4096AndShowsTheHelpContextGiven) {
+  bool deleted = false;
+  ProbeException e(_T("probe text"), TRUE, 77, &deleted);
+  vn::test::AskedBox box = Report(e, MB_YESNO, 0, IDNO);
+  EXPECT_EQ(4096u, e.m_seenSize);
+  EXPECT_TRUE(e.m_seenHelpPointer);
+  EXPECT_EQ(0u, e.m_seenHelpValue);
+  EXPECT_EQ("probe text", box.text);
+  EXPECT_EQ(MB_YESNO, box.type);
+  EXPECT_EQ(77u, box.helpId);
+  EXPECT_FALSE(deleted);  // the catcher still owns it
+}
+
+TEST(VnExceptionTest, ReportErrorReplacesTheTextWhenGetErrorMessageGivesZero) {
+  ProbeException e(_T("a text nobody should see"), FALSE, 0);
+  EXPECT_EQ(kUnknownSystemError, Report(e).text);
+  CVnException plain;  // keeps the framework's GetErrorMessage, which has none
+  EXPECT_EQ(kUnknownSystemError, Report(plain).text);
+}
+
+TEST(VnExceptionTest, HandleErrorGivesTheTextAndFreesTheException) {
+  bool deleted = false;
+  ProbeException* e = new ProbeException(_T("probe text"), TRUE, 77, &deleted);
+  CString text(_T("old"));
+  CVnException::HandleError(e, text);
+  EXPECT_TRUE(deleted);
+  EXPECT_EQ("probe text", VnToUtf8(text));
+}
+
+TEST(VnExceptionTest, HandleErrorAsksWith4095AndNoHelpContext) {
+  struct Seen {
+    UINT size;
+    bool helpPointer;
+  } seen = {0, true};
+  struct Recorder : public CVnException {
+    explicit Recorder(Seen* s) : m_seen(s) {}
+    BOOL GetErrorMessage(LPWSTR buffer, UINT maxChars, PUINT helpContext) const override {
+      *m_seen = {maxChars, helpContext != nullptr};
+      // Fill every character offered: the text comes back 4094 long.
+      for (UINT i = 0; i + 1 < maxChars; ++i)
+        buffer[i] = 'x';
+      buffer[maxChars - 1] = 0;
+      return TRUE;
+    }
+    Seen* m_seen;
+  };
+  CString text;
+  CVnException::HandleError(new Recorder(&seen), text);
+  EXPECT_EQ(4095u, seen.size);
+  EXPECT_FALSE(seen.helpPointer);
+  EXPECT_EQ(4094, text.GetLength());
+}
+
+TEST(VnExceptionTest, HandleErrorTexts) {
+  const struct {
+    const char* what;
+    CException* exception;
+    const char* text;
+  } cases[] = {
+      {"null exception", nullptr, kUnknownSystemError},
+      {"internal failure", new CVnReconcileException(3), "Fails to copy to a temporary file."},
+      {"unknown identifier", new CVnReconcileException(4), "Unknown error."},
+      {"OS code without text: no fallback", new CVnOSException(kCodeWithoutText), ""},
+      {"the framework's own kind", new CInvalidArgException, "Encountered an improper argument."},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.what);
+    CString text(_T("whatever the text held before"));
+    CVnException::HandleError(c.exception, text);
+    EXPECT_EQ(c.text, VnToUtf8(text));
+  }
+}
+
+//===-- AfxLocalMessageBox -------------------------------------------------===//
+
+TEST(VnExceptionTest, LocalMessageBoxShowsTheNamedModulesString) {
+  const struct {
+    const char* what;
+    bool component;
+    UINT id;
+    UINT type;
+    UINT help;
+    const char* text;
+  } cases[] = {
+      {"a validation failure", true, 149, MB_ICONSTOP, 0, "Please click on a text pane first."},
+      {"a question", true, 161, MB_YESNO | MB_ICONEXCLAMATION, 0,
+       "%s is a binary file.  Continue the compare or merge operation?"},
+      {"the caller's own module and help", false, vn::test::kPlain, MB_OKCANCEL, 4711, "A text of the test module."},
+      {"same number, other module", false, vn::test::kShared, MB_OK, 0, "The test module's own text 160."},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.what);
+    ScriptedPrompt prompt({IDCANCEL});
+    HINSTANCE module = c.component ? GetResourceModule() : TestModule();
+    EXPECT_EQ(IDCANCEL, AfxLocalMessageBox(module, c.id, c.type, c.help));
+    ASSERT_EQ(1u, prompt.Asked().size());
+    EXPECT_EQ(c.text, prompt.Asked()[0].text);
+    EXPECT_EQ(c.type, prompt.Asked()[0].type);
+    EXPECT_EQ(c.help, prompt.Asked()[0].helpId);
+  }
+}
+
+TEST(VnExceptionTest, LocalMessageBoxWithoutATextShowsNothingAndGivesZero) {
+  ScriptedPrompt prompt({IDOK});
+  EXPECT_EQ(0, AfxLocalMessageBox(TestModule(), 999, MB_OK, 0));
+  EXPECT_EQ(0, AfxLocalMessageBox(TestModule(), vn::test::kEmpty, MB_OK, 0));
+  EXPECT_EQ(0, AfxLocalMessageBox(GetResourceModule(), 17, MB_OK, 0));
+  EXPECT_TRUE(prompt.Asked().empty());
+}
+
+}  // namespace
