@@ -1,0 +1,281 @@
+// VnDiffDeltaTest.cpp - the delta operations: saved records, delta text,
+// rebuilding a target from source plus delta, flattening and saving.
+#include "EngineTestUtil.h"
+
+#include "afx/os/OsSeam.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+#include <string>
+#include <vector>
+
+using vn::test::Letters;
+using vn::test::LineSet;
+using vn::test::MakeSet;
+
+namespace {
+
+std::string Flatten(CVnDiffArg& arg) {
+  unsigned char* buffer = nullptr;
+  int size = -1;
+  arg.GetBuffer(buffer, size);
+  std::string bytes(reinterpret_cast<const char*>(buffer), static_cast<size_t>(size));
+  delete[] buffer;
+  return bytes;
+}
+
+std::string DeltaText(CVnDiffArg& target, CPtrArray& changes) {
+  unsigned long size = 99;
+  unsigned char* buffer = nullptr;
+  target.ExtractChangedLines(changes, size, buffer);
+  std::string bytes = buffer ? std::string(reinterpret_cast<const char*>(buffer), size) : std::string();
+  EXPECT_EQ(size == 0, buffer == nullptr) << "an empty delta text has no buffer";
+  delete[] buffer;
+  return bytes;
+}
+
+// Rebuilds the target from source, records and delta text, as a host does.
+std::string Rebuild(LineSet& source, LineSet& target, CPtrArray& changes) {
+  std::string deltaBytes = DeltaText(*target.arg, changes);
+  CVnDiffArg delta(target.arg->GetFileInfo());
+  delta.Create(deltaBytes.data(), static_cast<unsigned long>(deltaBytes.size()));
+  CVnDiffArg result(target.arg->GetFileInfo());
+  int sourcePos = 1, targetPos = 1, deltaPos = 0;
+  for (INT_PTR i = 0; i < changes.GetSize(); ++i)
+    result.ProcessChange(*static_cast<CVnDiffChange*>(changes.GetAt(i)), *source.arg, delta, sourcePos, targetPos,
+                         deltaPos);
+  result.CopyLines(*source.arg, sourcePos - 1, -1);
+  return Flatten(result);
+}
+
+// A name of this run's own, so that test runs of several build trees at
+// once don't share files.
+std::string TempPath(const char* name) {
+  static const std::string run = std::to_string(std::random_device()() % 1000000);
+  return VnToUtf8(vn::os::TempDirectory().c_str()) + "vn_engine_test_" + run + "_" + name;
+}
+
+std::string ReadAll(const std::string& path) {
+  CString wide = VnFromUtf8(path);
+  CFile file(wide, CFile::modeRead);
+  std::string bytes(static_cast<size_t>(file.GetLength()), '\0');
+  if (!bytes.empty())
+    file.Read(&bytes[0], static_cast<UINT>(bytes.size()));
+  return bytes;
+}
+
+bool Exists(const std::string& path) {
+  CString wide = VnFromUtf8(path);
+  return vn::os::GetFileAttributes(wide) != 0xFFFFFFFF;
+}
+
+template <class F>
+bool RaisesInvalidArg(F f) {
+  try {
+    f();
+  } catch (CInvalidArgException* e) {
+    e->Delete();
+    return true;
+  }
+  return false;
+}
+
+}  // namespace
+
+TEST(VnDiffDeltaTest, RecordAccessorsAndFullFileMark) {
+  CVnDiffChange ins(CVnDiffChange::Insert, 0, 0, 4, 6);
+  EXPECT_EQ(3, ins.TargetChangeLen());
+  EXPECT_EQ(1, ins.SourceChangeLen());  // plain arithmetic on the unused side
+  EXPECT_FALSE(ins.IsFullFileDelta());
+  CVnDiffChange copy(ins);
+  copy.MarkFullFileDelta();
+  EXPECT_TRUE(copy.IsFullFileDelta());
+  EXPECT_EQ(-1, copy.StartSource());
+  EXPECT_EQ(-1, copy.EndTarget());
+  copy = ins;
+  EXPECT_EQ("I0,0,4,6", vn::test::RecordText(copy));
+}
+
+TEST(VnDiffDeltaTest, SavedRecordIsTwentyLittleEndianBytes) {
+  std::string path = TempPath("records.bin");
+  CString wide = VnFromUtf8(path);
+  CVnDiffChange records[3] = {CVnDiffChange(CVnDiffChange::Change, 2, 3, 0x01020304, 5),
+                              CVnDiffChange(CVnDiffChange::Delete, 7, 9, 0, 0), CVnDiffChange()};
+  records[2].MarkFullFileDelta();
+  {
+    CFile file(wide, CFile::modeCreate | CFile::modeWrite);
+    for (int i = 0; i < 3; ++i) {
+      records[i].Save(file, 0, 0);
+      EXPECT_EQ(static_cast<ULONGLONG>(20 * (i + 1)), file.GetLength());
+    }
+  }
+  std::string bytes = ReadAll(path);
+  ASSERT_EQ(60u, bytes.size());
+  EXPECT_EQ(std::string("\x03\0\0\0\x02\0\0\0\x03\0\0\0\x04\x03\x02\x01\x05\0\0\0", 20), bytes.substr(0, 20));
+  EXPECT_EQ(std::string("\x04\0\0\0", 4) + std::string(16, '\xFF'), bytes.substr(40));
+  {
+    CFile file(wide, CFile::modeRead);
+    for (int i = 0; i < 3; ++i) {
+      CVnDiffChange loaded;
+      loaded.Load(file, 0);
+      EXPECT_EQ(vn::test::RecordText(records[i]), vn::test::RecordText(loaded));
+    }
+  }
+  CFile::Remove(wide);
+}
+
+TEST(VnDiffDeltaTest, DeltaTextHoldsTheAddedLines) {
+  struct {
+    const char* source;
+    const char* target;
+    const char* delta;
+  } kCases[] = {
+      {"a\nb\nc\n", "a\nx\nc\n", "x\n"},
+      {"a\nb\n", "a\nb\nc", "c"},  // no terminator behind the last line of the target
+      {"a\nb\nc\n", "a\nc\n", ""},  // deletions only
+      {"", "p\nq\n", "p\nq\n"},
+      {"a\nb\nc\nd\n", "a\nx\ny\nz\nd\n", "x\ny\nz\n"},
+  };
+  for (const auto& c : kCases) {
+    auto source = MakeSet(c.source);
+    auto target = MakeSet(c.target);
+    CVnDiffChangeList changes;
+    source.arg->Compare(0, 0, 0, *target.arg, changes);
+    EXPECT_EQ(c.delta, DeltaText(*target.arg, changes)) << c.target;
+    EXPECT_EQ(c.target, Rebuild(source, target, changes)) << c.target;
+  }
+}
+
+TEST(VnDiffDeltaTest, WideDeltaTextEndsLinesWithTwoBytes) {
+  auto source = Letters("abc", CVnFileInfo::Text16);
+  auto target = Letters("axc", CVnFileInfo::Text16);
+  CVnDiffChangeList changes;
+  source.arg->Compare(0, 0, 0, *target.arg, changes);
+  EXPECT_EQ(std::string("x\0\n\0", 4), DeltaText(*target.arg, changes));
+  EXPECT_EQ(target.bytes, Rebuild(source, target, changes));
+}
+
+TEST(VnDiffDeltaTest, RecordsTerminatorIsTheChosenByte) {
+  auto source = MakeSet("a;b;c;", CVnFileInfo::Records8, ';');
+  auto target = MakeSet("a;x;c;", CVnFileInfo::Records8, ';');
+  CVnDiffChangeList changes;
+  source.arg->Compare(0, 0, 0, *target.arg, changes);
+  EXPECT_EQ("x;", DeltaText(*target.arg, changes));
+  EXPECT_EQ("a;x;c;", Rebuild(source, target, changes));
+}
+
+TEST(VnDiffDeltaTest, EmptyChangeListRebuildsTheSourceWhole) {
+  auto source = MakeSet("a\nb\nc");
+  auto target = MakeSet("a\nb\nc");
+  CVnDiffChangeList changes;
+  EXPECT_EQ("a\nb\nc", Rebuild(source, target, changes));
+}
+
+TEST(VnDiffDeltaTest, CopyLinesTakesAHalfOpenRange) {
+  auto from = MakeSet("a\nb\nc\nd\n");
+  struct {
+    int first, end;
+    const char* flat;
+  } kCases[] = {{2, 2, ""}, {3, 1, ""}, {1, 3, "b\nc\n"}, {0, -1, "a\nb\nc\nd\n"}, {2, -1, "c\nd\n"}};
+  for (const auto& c : kCases) {
+    CVnDiffArg to(from.arg->GetFileInfo());
+    to.CopyLines(*from.arg, c.first, c.end);
+    EXPECT_EQ(c.flat, Flatten(to)) << c.first << ".." << c.end;
+  }
+}
+
+TEST(VnDiffDeltaTest, CopiesKeepTheHash) {
+  auto source = MakeSet("abc\n");
+  auto target = MakeSet("abd\n");
+  CVnDiffChangeList changes;
+  source.arg->Compare(0, 0, 0, *target.arg, changes);
+  CVnDiffArg copy(source.arg->GetFileInfo());
+  copy.CopyLines(*source.arg, 0, -1);
+  EXPECT_EQ(2853781978u, copy.GetLines().GetAt(0)->GetHash());
+  EXPECT_EQ(source.arg->GetLines().GetAt(0)->GetBytes(), copy.GetLines().GetAt(0)->GetBytes());
+}
+
+TEST(VnDiffDeltaTest, BadIndexesRaiseInvalidArgument) {
+  auto source = MakeSet("a\nb\n");
+  auto delta = MakeSet("x\n");
+  CVnDiffArg to(source.arg->GetFileInfo());
+  EXPECT_TRUE(RaisesInvalidArg([&] { to.CopyLines(*source.arg, 1, 3); }));
+  EXPECT_EQ(1, to.GetLineCount()) << "lines copied before the failure stay";
+
+  CVnDiffChange full;
+  full.MarkFullFileDelta();
+  int sp = 1, tp = 1, dp = 0;
+  CVnDiffArg rebuilt(source.arg->GetFileInfo());
+  EXPECT_TRUE(RaisesInvalidArg([&] { rebuilt.ProcessChange(full, *source.arg, *delta.arg, sp, tp, dp); }));
+
+  CVnDiffChange tooMany(CVnDiffChange::Insert, 0, 0, 1, 2);
+  sp = 1, tp = 1, dp = 0;
+  EXPECT_TRUE(RaisesInvalidArg([&] { rebuilt.ProcessChange(tooMany, *source.arg, *delta.arg, sp, tp, dp); }));
+
+  CVnDiffChangeList changes;
+  changes.Add(new CVnDiffChange(CVnDiffChange::Insert, 0, 0, 2, 5));
+  unsigned long size = 0;
+  unsigned char* buffer = nullptr;
+  EXPECT_TRUE(RaisesInvalidArg([&] { source.arg->ExtractChangedLines(changes, size, buffer); }));
+  EXPECT_EQ(nullptr, buffer);
+}
+
+TEST(VnDiffDeltaTest, GetBufferGivesBackTheBytes) {
+  for (const char* text : {"a\nb", "a\nb\n", "\n", "\n\n", "x"}) {
+    auto set = MakeSet(text);
+    EXPECT_EQ(text, Flatten(*set.arg));
+  }
+  auto wide = MakeSet(std::string("a\0\n\0b\0", 6), CVnFileInfo::Text16);
+  EXPECT_EQ(wide.bytes, Flatten(*wide.arg));
+  CVnDiffArg empty(CVnFileInfo::Text8, 0);
+  unsigned char* buffer = nullptr;
+  int size = -1;
+  empty.GetBuffer(buffer, size);
+  EXPECT_EQ(0, size);
+  EXPECT_NE(nullptr, buffer);
+  delete[] buffer;
+}
+
+TEST(VnDiffDeltaTest, SaveToFileWritesTheFlatLines) {
+  std::string path = TempPath("saved.txt");
+  CString wide = VnFromUtf8(path);
+  auto set = MakeSet("one\ntwo\r\nthree");
+  set.arg->SaveToFile(static_cast<LPCWSTR>(wide));
+  EXPECT_EQ("one\ntwo\r\nthree", ReadAll(path));
+  auto shorter = MakeSet("x\n");
+  std::vector<unsigned short> units(wide.GetLength() + 1, 0);
+  for (int i = 0; i < wide.GetLength(); ++i)
+    units[static_cast<size_t>(i)] = static_cast<unsigned short>(wide[i]);
+  shorter.arg->SaveToFile(units.data());  // replaces the earlier content
+  EXPECT_EQ("x\n", ReadAll(path));
+  CFile::Remove(wide);
+}
+
+TEST(VnDiffDeltaTest, SaveToFileOfManyAndLongLinesCrossesTheStagingBlock) {
+  std::string text;
+  for (int i = 0; i < 20000; ++i)
+    text += "line " + std::to_string(i) + "\n";
+  text += std::string(200000, 'L') + "\nend";
+  auto set = MakeSet(text);
+  std::string path = TempPath("big.txt");
+  CString wide = VnFromUtf8(path);
+  set.arg->SaveToFile(static_cast<LPCWSTR>(wide));
+  EXPECT_EQ(text, ReadAll(path));
+  CFile::Remove(wide);
+}
+
+TEST(VnDiffDeltaTest, FailedSaveLeavesNoFile) {
+  std::string path = TempPath("no/such/dir/out.txt");
+  CString wide = VnFromUtf8(path);
+  auto set = MakeSet("a\n");
+  bool raised = false;
+  try {
+    set.arg->SaveToFile(static_cast<LPCWSTR>(wide));
+  } catch (CFileException* e) {
+    raised = true;
+    e->Delete();
+  }
+  EXPECT_TRUE(raised);
+  EXPECT_FALSE(Exists(path));
+}
