@@ -11,6 +11,10 @@
 
 #include "afx/portable/CString.h"
 
+#ifdef _WIN32
+#include <oleauto.h>  // DATE: WIN32_LEAN_AND_MEAN leaves it out
+#endif
+
 #ifndef _WIN32
 typedef double DATE;
 typedef DWORD LCID;
