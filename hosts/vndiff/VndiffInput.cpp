@@ -1,0 +1,221 @@
+// VndiffInput.cpp - reading the two files, and the failures on the way.
+//
+// Decoded mode goes through CVnDiffFile: the text comes back as UTF-16LE
+// with CR LF line ends, cut into a Text16 line set.  To print lines as the
+// file had them, the file's own line ends are read from its bytes with the
+// rules of the intake's repair (CR LF, a lone LF, a lone CR, LF CR: one line
+// end each).  Raw mode reads the bytes and cuts them at LF as Text8.  When
+// one file is binary (and the user let it through), both are compared as
+// 8-bit lines, since a comparison needs one unit width on both sides.
+#include "VndiffHost.h"
+
+#include "afx/os/OsSeam.h"
+#include "foundation/LocalResources.h"
+#include "intake/VnDiffFile.h"
+#include "intake/VnFile.h"
+
+#include <cstring>
+#include <new>
+
+namespace vndiff {
+
+CString Wide(const std::string& utf8) { return VnFromUtf8(utf8); }
+std::string Narrow(const CString& text) { return VnToUtf8(text); }
+
+bool InputText::endsInNewline() const {
+  if (lines.GetLineCount() == 0)
+    return true;
+  if (wide)
+    return !ends.empty() && ends.back() != LineEnd::None;
+  return lines.GetFileInfo().HasEndingTerminator() != 0;
+}
+
+std::string DescribeException(CException* e, const std::string& path) {
+  std::string text;
+  if (CFileException* fe = dynamic_cast<CFileException*>(e)) {
+    CString message;
+    message.Format(LoadLocalString(GetResourceModule(), 153), Wide(path).GetString());
+    text = Narrow(message);
+    if (fe->m_lOsError > 0) {
+      std::string reason = Narrow(CString(vn::os::SystemMessage(static_cast<DWORD>(fe->m_lOsError))));
+      while (!reason.empty() && (reason.back() == '\n' || reason.back() == '\r'))
+        reason.pop_back();
+      if (!reason.empty())
+        text += " " + reason;
+    }
+  } else {
+    WCHAR buffer[1024];
+    if (e->GetErrorMessage(buffer, 1024))
+      text = path + ": " + Narrow(CString(buffer));
+    else
+      text = path + ": unknown failure";
+  }
+  e->Delete();
+  return text;
+}
+
+void CheckReadable(const std::string& path) {
+  CVnFile::FileStatus status;
+  if (!CVnFile::GetStatus(Wide(path), status, false))
+    return;  // opening it will say why
+  if (status.m_attribute & FILE_ATTRIBUTE_DIRECTORY)
+    throw Failure(path + ": is a directory");
+  if (status.m_sizeHigh != 0)
+    throw Failure(path + ": file of 4 GiB or more; vndiff compares files below 4 GiB only");
+}
+
+static CVnTime ModifiedTime(const std::string& path) {
+  CVnFile::FileStatus status;
+  if (CVnFile::GetStatus(Wide(path), status, false))
+    return status.m_mtime;
+  return CVnTime();
+}
+
+// The whole file, or Failure naming it.
+static std::unique_ptr<unsigned char[]> ReadBytes(const std::string& path, unsigned long& size) {
+  CheckReadable(path);
+  try {
+    CVnFile file(Wide(path), CFile::modeRead);
+    CVnSmartBytePtr bytes;
+    size = file.ReadAll(bytes);
+    file.Close();
+    return std::unique_ptr<unsigned char[]>(bytes.Detach());
+  } catch (CException* e) {
+    throw Failure(DescribeException(e, path));
+  }
+}
+
+std::unique_ptr<InputText> ReadRaw(const std::string& path) {
+  std::unique_ptr<InputText> text(new InputText(CVnFileInfo::Text8));
+  unsigned long size = 0;
+  text->own = ReadBytes(path, size);
+  text->name = path;
+  text->modified = ModifiedTime(path);
+  text->lines.Create(text->own.get(), size);
+  return text;
+}
+
+//===-- Original line ends -------------------------------------------------===//
+
+// Reads unit i of the file's data in its encoding's width and order.
+struct UnitReader {
+  const unsigned char* data;
+  unsigned long count;
+  int width;       // 1 or 2
+  bool bigEndian;
+  unsigned operator[](unsigned long i) const {
+    if (width == 1)
+      return data[i];
+    const unsigned char* p = data + 2 * i;
+    return bigEndian ? (p[0] << 8) | p[1] : p[0] | (p[1] << 8);
+  }
+};
+
+// The line ends of the file in the order they stand, by the repair's rules.
+static std::vector<LineEnd> ScanLineEnds(const UnitReader& u) {
+  std::vector<LineEnd> ends;
+  for (unsigned long i = 0; i < u.count; ++i) {
+    const unsigned c = u[i];
+    if (c == 13) {
+      const bool pair = i + 1 < u.count && u[i + 1] == 10;
+      ends.push_back(pair ? LineEnd::CRLF : LineEnd::CR);
+      i += pair;
+    } else if (c == 10) {
+      const bool pair = i + 1 < u.count && u[i + 1] == 13;
+      ends.push_back(pair ? LineEnd::LFCR : LineEnd::LF);
+      i += pair;
+    }
+  }
+  return ends;
+}
+
+static void FillLineEnds(InputText& text, const CVnDiffFile& file, const std::string& path) {
+  unsigned long size = 0;
+  std::unique_ptr<unsigned char[]> bytes = ReadBytes(path, size);
+  UnitReader reader = {bytes.get(), size, 1, false};
+  unsigned long skip = 0;
+  if (file.GetFileType() == CVnDiffFile::TypeUnicode) {
+    if (file.GetEncoding() != CVnDiffFile::EncodingUTF8) {
+      reader.width = 2;
+      reader.bigEndian = file.GetEncoding() == CVnDiffFile::EncodingUTF16BE;
+    }
+    if (file.HasByteOrderMark())
+      skip = file.GetEncoding() == CVnDiffFile::EncodingUTF8 ? 3 : 2;
+  }
+  reader.data += skip;
+  reader.count = (size - skip) / reader.width;
+  std::vector<LineEnd> ends = ScanLineEnds(reader);
+
+  const int count = text.lines.GetLineCount();
+  const bool terminated = text.lines.GetFileInfo().HasEndingTerminator() != 0;
+  if (count > 0 && !terminated)
+    ends.push_back(LineEnd::None);
+  if (static_cast<int>(ends.size()) != count) {
+    // A NUL unit cut the repaired text short: print plain LF ends.
+    ends.assign(count, LineEnd::LF);
+    if (count > 0 && !terminated)
+      ends.back() = LineEnd::None;
+  }
+  text.ends.swap(ends);
+}
+
+//===-- The pair -----------------------------------------------------------===//
+
+// Runs the intake on one file; false when the user declined a binary file.
+static bool Load(CVnDiffFile& file, const std::string& path, unsigned encoding, unsigned char*& data,
+                 unsigned long& size) {
+  CheckReadable(path);
+  file.SetFileName(Wide(path));
+  if (encoding)
+    file.SetFileEncoding(encoding);
+  try {
+    return file.GetFileContents(data, size);
+  } catch (CException* e) {
+    throw Failure(DescribeException(e, path));
+  }
+}
+
+static std::unique_ptr<InputText> Decoded(CVnDiffFile& file, const std::string& path, unsigned char* data,
+                                          unsigned long size) {
+  std::unique_ptr<InputText> text(new InputText(CVnFileInfo::Text16));
+  text->name = path;
+  text->modified = ModifiedTime(path);
+  text->wide = true;
+  text->lines.Create(data, size);
+  FillLineEnds(*text, file, path);
+  return text;
+}
+
+static std::unique_ptr<InputText> BinaryLines(const std::string& path, unsigned char* data, unsigned long size) {
+  std::unique_ptr<InputText> text(new InputText(CVnFileInfo::Text8));
+  text->name = path;
+  text->modified = ModifiedTime(path);
+  text->lines.Create(data, size);
+  return text;
+}
+
+void ReadPair(const Options& o, std::unique_ptr<InputText>& source, std::unique_ptr<InputText>& target,
+              CVnDiffFile& sourceFile, CVnDiffFile& targetFile) {
+  const std::string& sp = o.files[0];
+  const std::string& tp = o.files[1];
+  if (o.raw) {
+    source = ReadRaw(sp);
+    target = ReadRaw(tp);
+    return;
+  }
+  unsigned char *sd = nullptr, *td = nullptr;
+  unsigned long ss = 0, ts = 0;
+  if (!Load(sourceFile, sp, o.sourceEncoding, sd, ss))
+    throw Failure(sp + ": binary file not compared (--binary=yes compares it)");
+  if (!Load(targetFile, tp, o.targetEncoding, td, ts))
+    throw Failure(tp + ": binary file not compared (--binary=yes compares it)");
+  if (sourceFile.IsBinary() || targetFile.IsBinary()) {
+    source = sourceFile.IsBinary() ? BinaryLines(sp, sd, ss) : ReadRaw(sp);
+    target = targetFile.IsBinary() ? BinaryLines(tp, td, ts) : ReadRaw(tp);
+    return;
+  }
+  source = Decoded(sourceFile, sp, sd, ss);
+  target = Decoded(targetFile, tp, td, ts);
+}
+
+}  // namespace vndiff

@@ -1,0 +1,174 @@
+// VndiffLines.cpp - lines as printable bytes, and records as spans.
+//
+// A record of Compare names lines on one side only for Insert and Delete
+// (the other side holds zeros).  A span places every record on both sides:
+// an insertion sits before a source line, a deletion before a target line,
+// found from the running difference between the two sides' positions.
+#include "VndiffHost.h"
+
+#include <cassert>
+
+namespace vndiff {
+
+//===-- Line text ----------------------------------------------------------===//
+
+static void AppendUtf8(unsigned cp, std::string& out) {
+  if (cp < 0x80) {
+    out += static_cast<char>(cp);
+  } else if (cp < 0x800) {
+    out += static_cast<char>(0xC0 | (cp >> 6));
+    out += static_cast<char>(0x80 | (cp & 0x3F));
+  } else if (cp < 0x10000) {
+    out += static_cast<char>(0xE0 | (cp >> 12));
+    out += static_cast<char>(0x80 | ((cp >> 6) & 0x3F));
+    out += static_cast<char>(0x80 | (cp & 0x3F));
+  } else {
+    out += static_cast<char>(0xF0 | (cp >> 18));
+    out += static_cast<char>(0x80 | ((cp >> 12) & 0x3F));
+    out += static_cast<char>(0x80 | ((cp >> 6) & 0x3F));
+    out += static_cast<char>(0x80 | (cp & 0x3F));
+  }
+}
+
+// UTF-16LE units to UTF-8; a lone surrogate becomes U+FFFD.
+static void AppendUtf16(const unsigned char* p, uint32_t units, std::string& out) {
+  for (uint32_t i = 0; i < units; ++i) {
+    unsigned u = p[2 * i] | (p[2 * i + 1] << 8);
+    if (u < 0x80) {
+      out += static_cast<char>(u);
+      continue;
+    }
+    if (u >= 0xD800 && u < 0xDC00 && i + 1 < units) {
+      unsigned v = p[2 * i + 2] | (p[2 * i + 3] << 8);
+      if (v >= 0xDC00 && v < 0xE000) {
+        AppendUtf8(0x10000 + ((u - 0xD800) << 10) + (v - 0xDC00), out);
+        ++i;
+        continue;
+      }
+    }
+    AppendUtf8(u >= 0xD800 && u < 0xE000 ? 0xFFFD : u, out);
+  }
+}
+
+void AppendLine(const InputText& text, int i, std::string& out) {
+  const CVnDiffLine* line = text.lines.GetLines()[i];
+  if (!text.wide) {
+    out.append(reinterpret_cast<const char*>(line->GetBytes()), line->GetLength());
+    return;
+  }
+  uint32_t units = line->GetLength() / 2;
+  // The intake ends every line in CR LF; the CR is not the line's own.
+  if (text.ends[i] != LineEnd::None && units > 0 && line->GetBytes()[2 * units - 2] == 13 &&
+      line->GetBytes()[2 * units - 1] == 0)
+    --units;
+  AppendUtf16(line->GetBytes(), units, out);
+}
+
+void AppendLineWithEnd(const InputText& text, int i, std::string& out, const char* prefix) {
+  out += prefix;
+  AppendLine(text, i, out);
+  const bool last = i == text.lines.GetLineCount() - 1;
+  if (last && !text.endsInNewline()) {
+    out += "\n\\ No newline at end of file\n";
+  } else if (text.wide && text.ends[i] == LineEnd::CRLF) {
+    out += "\r\n";
+  } else {
+    out += '\n';
+  }
+}
+
+//===-- Spans --------------------------------------------------------------===//
+
+std::vector<Span> ToSpans(const CVnDiffChangeList& changes, bool join) {
+  std::vector<Span> spans;
+  long offset = 0;  // target position minus source position between records
+  for (INT_PTR k = 0; k < changes.GetSize(); ++k) {
+    const CVnDiffChange& c = *changes[k];
+    Span s = {0, 0, 0, 0};
+    switch (c.GetAction()) {
+    case CVnDiffChange::Insert:
+      s.tgtBegin = c.StartTarget() - 1;
+      s.tgtCount = c.TargetChangeLen();
+      s.srcBegin = s.tgtBegin - offset;
+      break;
+    case CVnDiffChange::Delete:
+      s.srcBegin = c.StartSource() - 1;
+      s.srcCount = c.SourceChangeLen();
+      s.tgtBegin = s.srcBegin + offset;
+      break;
+    case CVnDiffChange::Change:
+      s.srcBegin = c.StartSource() - 1;
+      s.srcCount = c.SourceChangeLen();
+      s.tgtBegin = c.StartTarget() - 1;
+      s.tgtCount = c.TargetChangeLen();
+      break;
+    default:
+      continue;
+    }
+    offset += s.tgtCount - s.srcCount;
+    if (join && !spans.empty()) {
+      Span& p = spans.back();
+      if (p.srcBegin + p.srcCount == s.srcBegin && p.tgtBegin + p.tgtCount == s.tgtBegin) {
+        p.srcCount += s.srcCount;
+        p.tgtCount += s.tgtCount;
+        continue;
+      }
+    }
+    spans.push_back(s);
+  }
+  return spans;
+}
+
+// The partner of source line `line` (0-based, in no span) on the target side,
+// and how many spans stand before it.
+static long PartnerOfSource(const std::vector<Span>& spans, long line, size_t& before) {
+  long offset = 0;
+  before = 0;
+  for (const Span& s : spans) {
+    if (s.srcBegin > line)
+      break;
+    offset += s.tgtCount - s.srcCount;
+    ++before;
+  }
+  return line + offset;
+}
+
+static long PartnerOfTarget(const std::vector<Span>& spans, long line, size_t& before) {
+  long offset = 0;
+  before = 0;
+  for (const Span& s : spans) {
+    if (s.tgtBegin > line)
+      break;
+    offset += s.srcCount - s.tgtCount;
+    ++before;
+  }
+  return line + offset;
+}
+
+void AddFinalNewlineChange(const InputText& source, const InputText& target, CVnDiffChangeList& changes) {
+  const long n0 = source.lines.GetLineCount();
+  const long n1 = target.lines.GetLineCount();
+  if (n0 == 0 || n1 == 0 || source.endsInNewline() == target.endsInNewline())
+    return;
+  const std::vector<Span> spans = ToSpans(changes, false);
+  bool srcCovered = false, tgtCovered = false;
+  for (const Span& s : spans) {
+    srcCovered = srcCovered || (s.srcCount > 0 && s.srcBegin + s.srcCount == n0);
+    tgtCovered = tgtCovered || (s.tgtCount > 0 && s.tgtBegin + s.tgtCount == n1);
+  }
+  if (srcCovered && tgtCovered)
+    return;
+  size_t before = 0;
+  CVnDiffChange* change;
+  if (!srcCovered) {
+    const long partner = PartnerOfSource(spans, n0 - 1, before);
+    change = new CVnDiffChange(CVnDiffChange::Change, n0, n0, partner + 1, partner + 1);
+  } else {
+    const long partner = PartnerOfTarget(spans, n1 - 1, before);
+    change = new CVnDiffChange(CVnDiffChange::Change, partner + 1, partner + 1, n1, n1);
+  }
+  assert(before <= static_cast<size_t>(changes.GetSize()) && "spans and records correspond");
+  changes.InsertAt(static_cast<INT_PTR>(before), change);
+}
+
+}  // namespace vndiff

@@ -1,0 +1,77 @@
+// main.cpp - vndiff, the console host: compare two files from the command line.
+//
+// Exit status 0 when the files are the same, 1 when they differ, 2 on
+// trouble (with a message on standard error).  See docs/vndiff.md.
+#include "VndiffHost.h"
+
+#include <cerrno>
+#include <new>
+#ifdef _WIN32
+#include <fcntl.h>
+#include <io.h>
+#include <shellapi.h>
+#endif
+
+// The arguments as UTF-8; on Windows from the wide command line, so that
+// names outside the ANSI code page survive.
+static std::vector<std::string> Arguments(int argc, char** argv) {
+  std::vector<std::string> args;
+#ifdef _WIN32
+  int count = 0;
+  LPWSTR* wide = CommandLineToArgvW(GetCommandLineW(), &count);
+  for (int i = 1; wide && i < count; ++i)
+    args.push_back(VnToUtf8(wide[i]));
+  LocalFree(wide);
+  (void)argc;
+  (void)argv;
+#else
+  for (int i = 1; i < argc; ++i)
+    args.push_back(argv[i]);
+#endif
+  return args;
+}
+
+static int Run(const std::vector<std::string>& args) {
+  using namespace vndiff;
+  const Options options = ParseCommandLine(args);
+  switch (options.command) {
+  case Command::Help:
+    fputs(UsageText(), stdout);
+    return kExitSame;
+  case Command::Version:
+    printf("vndiff (Vn Reconcile) %s\n", "0.1.0");
+    return kExitSame;
+  case Command::Info:
+    return RunInfo(options, stdout);
+  case Command::ApplyDelta:
+    InstallBinaryAnswer(options.binary);
+    ApplyDelta(options.deltaDir, options.files[0], options.output);
+    return kExitSame;
+  case Command::Compare:
+    InstallBinaryAnswer(options.binary);
+    return RunCompare(options, stdout);
+  }
+  return kExitTrouble;
+}
+
+int main(int argc, char** argv) {
+#ifdef _WIN32
+  _setmode(_fileno(stdout), _O_BINARY);  // lines keep the bytes they had
+#endif
+  try {
+    return Run(Arguments(argc, argv));
+  } catch (const vndiff::Failure& f) {
+    fflush(stdout);
+    fprintf(stderr, "vndiff: %s\n", f.what());
+    if (std::string(f.what()).find("option") != std::string::npos ||
+        std::string(f.what()).find("operand") != std::string::npos)
+      fprintf(stderr, "vndiff: try 'vndiff --help' for more information\n");
+  } catch (CException* e) {
+    fflush(stdout);
+    fprintf(stderr, "vndiff: %s\n", vndiff::DescribeException(e, "").c_str());
+  } catch (const std::bad_alloc&) {
+    fflush(stdout);
+    fprintf(stderr, "vndiff: out of memory\n");
+  }
+  return vndiff::kExitTrouble;
+}
