@@ -8,6 +8,7 @@
 #include "engine/VnDiffArg.h"
 
 #include <cstring>
+#include <memory>
 
 static const INT_PTR kLineGrowBy = 1000;  // keeps big files from reallocating per line
 
@@ -34,6 +35,13 @@ void CVnDiffArg::Create(const void* data, unsigned long size) {
   }
 }
 
+// Appends one record; if the array cannot grow, the record is not leaked.
+static void AddLine(CVnDiffLineArray& lines, INT_PTR index, const unsigned char* start, size_t bytes, bool wide) {
+  std::unique_ptr<CVnDiffLine> line(new CVnDiffLine(start, static_cast<uint32_t>(bytes), wide));
+  lines.SetAtGrow(index, line.get());
+  line.release();
+}
+
 static uint16_t UnitAt(const unsigned char* bytes, size_t unit) {
   return static_cast<uint16_t>(bytes[2 * unit] | (bytes[2 * unit + 1] << 8));
 }
@@ -46,7 +54,7 @@ static bool SplitBytes(const unsigned char* data, size_t size, unsigned char eol
   while (cursor < size) {
     const void* hit = memchr(data + cursor, eol, size - cursor);
     size_t end = hit ? static_cast<size_t>(static_cast<const unsigned char*>(hit) - data) : size;
-    lines.SetAtGrow(count++, new CVnDiffLine(data + cursor, static_cast<uint32_t>(end - cursor), false));
+    AddLine(lines, count++, data + cursor, end - cursor, false);
     cursor = end + 1;
   }
   lines.SetSize(count);
@@ -61,7 +69,7 @@ static bool SplitUnits(const unsigned char* data, size_t units, uint16_t eol, CV
     size_t end = cursor;
     while (end < units && UnitAt(data, end) != eol)
       ++end;
-    lines.SetAtGrow(count++, new CVnDiffLine(data + 2 * cursor, static_cast<uint32_t>(2 * (end - cursor)), true));
+    AddLine(lines, count++, data + 2 * cursor, 2 * (end - cursor), true);
     cursor = end + 1;
   }
   lines.SetSize(count);

@@ -29,7 +29,12 @@ CVnHunk* VnBuildHunks(const CVnCompareState& st) {
       ++i;
     while (ch1[j])
       ++j;
-    *tail = new CVnHunk{nullptr, j - t, i - s, s, t};
+    try {
+      *tail = new CVnHunk{nullptr, j - t, i - s, s, t};
+    } catch (...) {
+      VnFreeHunks(head);
+      throw;
+    }
     tail = &(*tail)->m_pNext;
     ++i, ++j;
   }
