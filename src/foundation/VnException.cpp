@@ -84,7 +84,12 @@ BOOL CVnOSException::GetErrorMessage(LPWSTR buffer, UINT maxChars, PUINT) const 
   if (!buffer || maxChars == 0)
     return FALSE;
   buffer[0] = 0;
-  return static_cast<BOOL>(SystemText(m_dwError, buffer, maxChars));
+  DWORD written = SystemText(m_dwError, buffer, maxChars);
+  // Some systems leave a partial text behind when it does not fit; 0 means
+  // no text, so none is left.
+  if (written == 0)
+    buffer[0] = 0;
+  return static_cast<BOOL>(written);
 }
 
 //===-- Throwing -----------------------------------------------------------===//

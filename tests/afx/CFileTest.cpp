@@ -66,7 +66,8 @@ TEST(CFileTest, FailuresCarryWin32CodesAndTheFileName) {
   ASSERT_TRUE(error.GetErrorMessage(text, 256));
   std::string message = VnToUtf8(text);
   EXPECT_NE(std::string::npos, message.find("vn_no_such_file")) << message;
-  EXPECT_NE(std::string::npos, message.find("cannot find the file")) << message;
+  CString reason(vn::os::SystemMessage(ERROR_FILE_NOT_FOUND));  // Wine words it differently
+  EXPECT_NE(std::string::npos, message.find(VnToUtf8(reason.TrimRight()))) << message;
 }
 
 TEST(OsSeamTest, ConvertsCodePagesWithReplacement) {

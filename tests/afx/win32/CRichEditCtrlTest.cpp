@@ -12,7 +12,6 @@ protected:
     ASSERT_EQ(TRUE, m_parent.CreateEx(0, nullptr, L"rich edit test", WS_OVERLAPPEDWINDOW, frame, nullptr, 0));
     RECT client = {0, 0, 380, 260};
     ASSERT_EQ(TRUE, m_edit.Create(WS_CHILD | WS_VISIBLE | ES_MULTILINE | WS_VSCROLL, client, &m_parent, 100));
-    m_parent.ShowWindow(SW_SHOWNOACTIVATE);
   }
 
   CWnd m_parent;
@@ -35,9 +34,9 @@ TEST_F(CRichEditCtrlTest, CountsLinesAndFindsWhereEachBegins) {
     EXPECT_EQ(l.line, m_edit.LineFromChar(l.index));
   }
   EXPECT_EQ(-1, m_edit.LineIndex(3));
-  CString text;
-  EXPECT_EQ(6, m_edit.GetLine(1, text));
-  EXPECT_EQ(0, text.Left(6).Compare(L"second"));
+  CString text;  // a line comes with its paragraph mark
+  EXPECT_EQ(7, m_edit.GetLine(1, text));
+  EXPECT_EQ(0, text.Compare(L"second\r"));
 }
 
 TEST_F(CRichEditCtrlTest, SelectsAndReplacesText) {
@@ -50,7 +49,7 @@ TEST_F(CRichEditCtrlTest, SelectsAndReplacesText) {
   EXPECT_EQ(0, m_edit.GetSelText().Compare(L"beta"));
   m_edit.ReplaceSel(L"gamma\rdelta");
   EXPECT_EQ(2, m_edit.GetLineCount());
-  EXPECT_EQ(17, m_edit.GetTextLength());
+  EXPECT_EQ(18, m_edit.GetTextLength());  // the paragraph mark counts as CR LF
 }
 
 TEST_F(CRichEditCtrlTest, EventMaskAndReadOnlyAreTheControls) {
