@@ -36,7 +36,11 @@ void CVnDiffArg::Create(const void* data, unsigned long size) {
 }
 
 // Appends one record; if the array cannot grow, the record is not leaked.
+// A line's length is 32 bits: a longer line (possible only where a buffer
+// may exceed 4 GiB) is refused rather than cut short.
 static void AddLine(CVnDiffLineArray& lines, INT_PTR index, const unsigned char* start, size_t bytes, bool wide) {
+  if (bytes > 0xFFFFFFFFu)
+    AfxThrowInvalidArgException();
   std::unique_ptr<CVnDiffLine> line(new CVnDiffLine(start, static_cast<uint32_t>(bytes), wide));
   lines.SetAtGrow(index, line.get());
   line.release();
