@@ -13,6 +13,7 @@
 #include <iconv.h>
 #include <langinfo.h>
 #include <sys/stat.h>
+#include <sys/statvfs.h>
 #include <unistd.h>
 
 namespace vn {
@@ -67,8 +68,14 @@ void FailOnMissing(const std::string& native) {
     t_lastError = ERROR_PATH_NOT_FOUND;
 }
 
+// The component counts the backslash and the slash alike and adds
+// backslashes itself; the file system here knows only the slash.
 std::string PathToNative(LPCWSTR path) {
-  return path ? WideToMultiByte(CP_UTF8, path, -1) : std::string();
+  std::string native = path ? WideToMultiByte(CP_UTF8, path, -1) : std::string();
+  for (char& c : native)
+    if (c == '\\')
+      c = '/';
+  return native;
 }
 
 // Win32's own wording, so that both builds show users the same reasons.
@@ -427,6 +434,87 @@ WideText TempDirectory() {
   if (d.back() != '/')
     d += '/';
   return MultiByteToWide(CP_UTF8, d.data(), static_cast<int>(d.size()));
+}
+
+bool CreateDirectory(LPCWSTR path) {
+  std::string native = PathToNative(path);
+  if (native.empty()) {
+    t_lastError = ERROR_PATH_NOT_FOUND;
+    return false;
+  }
+  if (::mkdir(native.c_str(), 0777) == 0)
+    return true;
+  if (errno == EEXIST) {
+    t_lastError = ERROR_ALREADY_EXISTS;
+    return false;
+  }
+  FailOnMissing(native);
+  return false;
+}
+
+// The bytes go through the seam's own file calls, so every failure carries
+// the same codes as an open, read or write would.
+bool CopyFile(LPCWSTR from, LPCWSTR to, bool failIfExists) {
+  FileHandle in = OpenFile(from, kRead, kOpenExisting);
+  if (in == kInvalidFile)
+    return false;
+  FileHandle out = OpenFile(to, kWrite, failIfExists ? kCreateNew : kCreateAlways);
+  if (out == kInvalidFile) {
+    DWORD err = t_lastError;
+    CloseFile(in);
+    t_lastError = err;
+    return false;
+  }
+  char buffer[65536];
+  DWORD got = 0, put = 0;
+  bool ok = true;
+  while (ok && (ok = ReadFile(in, buffer, sizeof buffer, got)) && got > 0)
+    ok = WriteFile(out, buffer, got, put);
+  DWORD err = t_lastError;
+  CloseFile(in);
+  ok = CloseFile(out) && ok;
+  if (!ok && err)
+    t_lastError = err;
+  return ok;
+}
+
+bool SetFileAttributes(LPCWSTR path, DWORD attributes) {
+  std::string native = PathToNative(path);
+  struct stat st;
+  if (::stat(native.c_str(), &st) != 0) {
+    FailOnMissing(native);
+    return false;
+  }
+  mode_t mode = st.st_mode & 07777;
+  mode = (attributes & 0x1u) ? (mode & ~static_cast<mode_t>(0222)) : (mode | S_IWUSR);
+  return ::chmod(native.c_str(), mode) == 0 || FailWithErrno();
+}
+
+WideText CurrentDirectory() {
+  char buffer[4096];
+  if (!::getcwd(buffer, sizeof buffer)) {
+    FailWithErrno();
+    return WideText();
+  }
+  return MultiByteToWide(CP_UTF8, buffer, static_cast<int>(std::strlen(buffer)));
+}
+
+WideText ModuleFileName() {
+  char buffer[4096];
+  ssize_t n = ::readlink("/proc/self/exe", buffer, sizeof buffer - 1);
+  if (n <= 0) {
+    FailWithErrno();
+    return WideText();
+  }
+  return MultiByteToWide(CP_UTF8, buffer, static_cast<int>(n));
+}
+
+bool DiskFreeSpace(LPCWSTR path, uint64_t& freeToCaller) {
+  struct statvfs vfs;
+  if (::statvfs(PathToNative(path).c_str(), &vfs) != 0)
+    return FailWithErrno();
+  freeToCaller = static_cast<uint64_t>(vfs.f_bavail) * vfs.f_frsize;
+  return true;
 }
 
 }  // namespace os

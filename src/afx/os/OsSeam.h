@@ -67,6 +67,19 @@ bool MoveFile(LPCWSTR from, LPCWSTR to);
 DWORD GetFileAttributes(LPCWSTR path);
 // The directory for temporary files, ending in a separator.
 WideText TempDirectory();
+// Creates one directory level; an existing one fails with 183.
+bool CreateDirectory(LPCWSTR path);
+// Copies a file's bytes; with failIfExists an existing target fails with 80.
+bool CopyFile(LPCWSTR from, LPCWSTR to, bool failIfExists);
+// Sets attributes in Win32's terms; natively only read-only (0x1) has effect.
+bool SetFileAttributes(LPCWSTR path, DWORD attributes);
+// The process's current directory, without an end separator unless it is a
+// root; empty on failure.
+WideText CurrentDirectory();
+// The full path of the running program; empty on failure.
+WideText ModuleFileName();
+// Bytes free to the caller on the volume that holds path.
+bool DiskFreeSpace(LPCWSTR path, uint64_t& freeToCaller);
 
 }  // namespace os
 }  // namespace vn

@@ -127,5 +127,29 @@ WideText TempDirectory() {
   return WideText(buf, n);
 }
 
+bool CreateDirectory(LPCWSTR path) { return ::CreateDirectoryW(path, nullptr) != 0; }
+bool CopyFile(LPCWSTR from, LPCWSTR to, bool failIfExists) { return ::CopyFileW(from, to, failIfExists) != 0; }
+bool SetFileAttributes(LPCWSTR path, DWORD attributes) { return ::SetFileAttributesW(path, attributes) != 0; }
+
+WideText CurrentDirectory() {
+  WCHAR buf[MAX_PATH + 1];
+  DWORD n = ::GetCurrentDirectoryW(MAX_PATH + 1, buf);
+  return n <= MAX_PATH ? WideText(buf, n) : WideText();
+}
+
+WideText ModuleFileName() {
+  WCHAR buf[MAX_PATH];
+  DWORD n = ::GetModuleFileNameW(nullptr, buf, MAX_PATH);
+  return WideText(buf, n < MAX_PATH ? n : 0);
+}
+
+bool DiskFreeSpace(LPCWSTR path, uint64_t& freeToCaller) {
+  ULARGE_INTEGER avail;
+  if (!::GetDiskFreeSpaceExW(path, &avail, nullptr, nullptr))
+    return false;
+  freeToCaller = avail.QuadPart;
+  return true;
+}
+
 }  // namespace os
 }  // namespace vn

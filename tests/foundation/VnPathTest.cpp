@@ -1,0 +1,541 @@
+// VnPathTest.cpp - the path functions: separators, splitting, the normal
+// form, relative and shortened forms, name patterns, and the functions that
+// ask the file system, on tables of awkward inputs.
+#include "foundation/VnPath.h"
+
+#include "foundation/VnException.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <random>
+#include <string>
+
+#ifndef _WIN32
+#include <unistd.h>
+#endif
+
+namespace {
+
+std::string U8(const CString& s) { return VnToUtf8(s); }
+CString W(const char* utf8) { return VnFromUtf8(utf8); }
+
+// A path for std::filesystem, with the component's backslashes made native.
+std::filesystem::path FsPath(const CString& p) {
+#ifdef _WIN32
+  return std::filesystem::path(std::wstring(p.GetString()));
+#else
+  std::string s = U8(p);
+  for (char& c : s)
+    if (c == '\\')
+      c = '/';
+  return std::filesystem::path(s);
+#endif
+}
+
+// A fresh directory below the temporary directory, removed with everything
+// in it at the end of the test.  Its path ends in a backslash.
+class ScratchDir {
+public:
+  ScratchDir() {
+    static int counter = 0;
+    GetTemporaryPath(m_path);
+    m_path.AppendFormat(_T("vnpath-%d-%d\\"), static_cast<int>(std::random_device()() % 100000), ++counter);
+    std::filesystem::create_directories(FsPath(m_path));
+  }
+  ~ScratchDir() {
+    std::error_code ignored;
+    std::filesystem::remove_all(FsPath(m_path), ignored);
+  }
+  const CString& Path() const { return m_path; }
+
+private:
+  CString m_path;
+};
+
+//===-- Separators ----------------------------------------------------------===//
+
+TEST(VnPathTest, FindLastSlashCountsBothSeparators) {
+  struct Case {
+    const char* path;
+    int offset;  // -1: none
+  } cases[] = {{"a/b\\c", 3}, {"a\\b/c", 3}, {"abc", -1}, {"", -1}, {"\\", 0}, {"a//", 2}};
+  for (const Case& c : cases) {
+    CString p = W(c.path);
+    LPCWSTR at = FindLastSlash(p);
+    EXPECT_EQ(c.offset, at ? static_cast<int>(at - p.GetString()) : -1) << c.path;
+  }
+  EXPECT_EQ(nullptr, FindLastSlash(nullptr));
+}
+
+TEST(VnPathTest, EndSlashesAreTestedAddedAndTrimmedOneAtATime) {
+  struct Case {
+    const char* path;
+    int hasEnd;
+    const char* trimmed;
+    const char* appended;
+  } cases[] = {
+      {"c:\\a/", 1, "c:\\a", "c:\\a/\\"}, {"c:\\a", 0, "c:\\a", "c:\\a\\"}, {"", 0, "", "\\"},
+      {"a\\\\", 1, "a\\", "a\\\\\\"},      {"/", 1, "", "/\\"},              {"a", 0, "a", "a\\"},
+  };
+  for (const Case& c : cases) {
+    EXPECT_EQ(c.hasEnd, PathHasEndSlash(W(c.path))) << c.path;
+    CString trimmed = W(c.path), appended = W(c.path);
+    TrimEndSlash(trimmed);
+    AppendEndSlash(appended);
+    EXPECT_EQ(c.trimmed, U8(trimmed)) << c.path;
+    EXPECT_EQ(c.appended, U8(appended)) << c.path;
+  }
+  EXPECT_EQ(0, PathHasEndSlash(nullptr));
+}
+
+//===-- Splitting -----------------------------------------------------------===//
+
+TEST(VnPathTest, SplitFollowsTheRuntimeSplitRules) {
+  struct Case {
+    const char* path;
+    const char *dir, *file, *name, *ext;
+  } cases[] = {
+      {"c:\\a\\b.txt", "c:\\a\\", "b.txt", "b", "txt"},
+      {"c:\\a\\", "c:\\a\\", "", "", ""},
+      {"b.txt", "", "b.txt", "b", "txt"},
+      {"a.tar.gz", "", "a.tar.gz", "a.tar", "gz"},
+      {".profile", "", ".profile", "", "profile"},
+      {"c:", "c:", "", "", ""},
+      {"c:x.y", "c:", "x.y", "x", "y"},
+      {"", "", "", "", ""},
+      {"/a\\b/c.d", "/a\\b/", "c.d", "c", "d"},
+      {"\\\\srv\\sh\\f.", "\\\\srv\\sh\\", "f.", "f", ""},
+      {"a.b\\c", "a.b\\", "c", "c", ""},
+      {"x:", "x:", "", "", ""},
+      {":", "", ":", ":", ""},
+  };
+  for (const Case& c : cases) {
+    CString dir, file, name, ext;
+    SeparatePathAndFile(W(c.path), dir, file);
+    EXPECT_EQ(c.dir, U8(dir)) << c.path;
+    EXPECT_EQ(c.file, U8(file)) << c.path;
+    SeparatePathFileAndExt(W(c.path), dir, name, ext);
+    EXPECT_EQ(c.dir, U8(dir)) << c.path;
+    EXPECT_EQ(c.name, U8(name)) << c.path;
+    EXPECT_EQ(c.ext, U8(ext)) << c.path;
+  }
+}
+
+TEST(VnPathTest, SplitCutsEachPartAt255Characters) {
+  CString longDir(_T('d'), 300), longName(_T('n'), 300), longExt(_T('e'), 300);
+  CString dir, name, ext;
+  SeparatePathFileAndExt(_T("c:") + longDir + _T("\\") + longName + _T(".") + longExt, dir, name, ext);
+  EXPECT_EQ(2 + 255, dir.GetLength());
+  EXPECT_EQ(255, name.GetLength());
+  EXPECT_EQ(254, ext.GetLength());  // the cut counts the dot
+  EXPECT_EQ("c:", U8(GetPathDrive(_T("c:") + longDir)));
+}
+
+//===-- Classifying ---------------------------------------------------------===//
+
+TEST(VnPathTest, AbsoluteFormsAreToldApart) {
+  struct Case {
+    const char* path;
+    int dos, unixAbs, any;
+  } cases[] = {
+      {"", 0, 0, 0},          {"c", 0, 0, 0},       {"c:", 1, 0, 1},    {"c:x", 1, 0, 1},
+      {"c:\\x", 1, 0, 1},     {"1:\\", 0, 0, 0},    {"\\\\", 0, 0, 0},  {"\\\\x", 1, 0, 1},
+      {"//x", 0, 1, 1},       {"/", 0, 1, 1},       {"\\x", 0, 0, 0},   {"x\\y", 0, 0, 0},
+  };
+  for (const Case& c : cases) {
+    EXPECT_EQ(c.dos, IsDOSAbsolutePath(W(c.path))) << c.path;
+    EXPECT_EQ(c.unixAbs, IsUnixAbsolutePath(W(c.path))) << c.path;
+    EXPECT_EQ(c.any, IsAbsolutePath(W(c.path))) << c.path;
+  }
+  EXPECT_EQ(0, GetFilesCaseSensitive());
+}
+
+//===-- Normal form ---------------------------------------------------------===//
+
+TEST(VnPathTest, CanonicalFormResolvesDotsAndSeparatorsByText) {
+  struct Case {
+    const char *path, *canonical;
+  } cases[] = {
+      {"a\\b\\..\\c", "a\\c"},  {"a\\.\\b", "a\\b"},      {".\\a", "a"},           {"..\\a", "a"},
+      {"a\\..\\..\\b", "b"},    {"a\\b\\..", "a"},        {"a\\b\\.", "a\\b"},     {"a\\..", ""},
+      {".", ""},                {"..", ""},               {"c:\\a\\..\\b", "c:\\b"}, {"c:\\..\\b", "b"},
+      {"c:\\", "c:"},           {"\\", ""},               {"//srv/sh/x", "\\\\srv\\sh\\x"},
+      {"\\\\srv\\sh\\", "\\\\srv\\sh"},                   {"\\\\srv\\..\\x", "\\\\x"},
+      {"a//b", "a\\b"},         {"a\\...\\b", "a\\...\\b"}, {"a.\\b", "a.\\b"},   {"", ""},
+      {"\\\\\\a", "\\\\a"},     {"./././a", "a"},         {"a/b/../../..", ""},    {"..\\..", ""},
+      {"a\\.b\\c", "a\\.b\\c"}, {"c:/A/./B/", "c:\\A\\B"}, {"a\\b\\c\\..\\..", "a"},
+  };
+  for (const Case& c : cases)
+    EXPECT_EQ(c.canonical, U8(GetCanonicalPathName(W(c.path), 1))) << c.path;
+}
+
+TEST(VnPathTest, CanonicalFormLowersCaseUnlessKept) {
+  EXPECT_EQ("c:\\dir\\file.txt", U8(GetCanonicalPathName(_T("C:/Dir/File.TXT"), 0)));
+  EXPECT_EQ("C:\\Dir\\File.TXT", U8(GetCanonicalPathName(_T("C:/Dir/File.TXT"), 1)));
+}
+
+TEST(VnPathTest, SamePathIgnoresCaseSeparatorsAndDots) {
+  struct Case {
+    const char *a, *b;
+    bool same;
+  } cases[] = {
+      {"C:\\A\\.\\b\\", "c:/a/B", true}, {"a\\b", "a\\c", false}, {"a\\..\\b", "b", true},
+      {"\\\\s\\h", "//S/H/", true},      {"\\s\\h", "\\\\s\\h", false}, {"", ".", true},
+  };
+  for (const Case& c : cases)
+    EXPECT_EQ(c.same, IsSamePath(W(c.a), W(c.b))) << c.a << " / " << c.b;
+}
+
+//===-- Relative form -------------------------------------------------------===//
+
+TEST(VnPathTest, RelativePathCountsTheLevelsOfTheBase) {
+  struct Case {
+    const char *path, *base;
+    int ok;
+    const char* result;
+  } cases[] = {
+      {"c:\\a\\b\\f.txt", "c:\\a\\b\\g.txt", 1, "f.txt"},
+      {"c:\\a\\b\\f.txt", "c:\\a\\c\\d\\g.txt", 1, "..\\..\\b\\f.txt"},
+      {"c:\\a\\b\\f.txt", "c:\\a\\c\\d", 1, "..\\b\\f.txt"},
+      {"C:\\A\\f.txt", "c:\\a\\", 1, "f.txt"},
+      {"c:\\a\\b", "c:\\ab\\g", 1, "..\\a\\b"},
+      {"f.txt", "c:\\a\\", 1, "f.txt"},
+      {"\\a\\f", "c:\\a\\g", 1, "f"},
+      {"d:\\a", "c:\\a", 0, "d:\\a"},
+      {"\\\\s\\h\\f", "\\\\s\\h\\g", 0, "\\\\s\\h\\f"},
+      {"//s/h/f", "//s/h/g", 0, "//s/h/f"},
+      {"c:\\a", "c:\\a\\b\\c", 1, "..\\..\\a"},
+      {"", "c:\\a", 1, ""},
+      {"c:/a/b/f", "c:\\a/b\\g", 1, "f"},
+      {"c:\\a\\f", "", 0, "c:\\a\\f"},
+      {"\\x", "", 1, "\\x"},
+  };
+  for (const Case& c : cases) {
+    CString result(_T("stale"));
+    EXPECT_EQ(c.ok, GetRelativePath(W(c.path), W(c.base), result)) << c.path << " vs " << c.base;
+    EXPECT_EQ(c.result, U8(result)) << c.path << " vs " << c.base;
+  }
+}
+
+//===-- Display form --------------------------------------------------------===//
+
+TEST(VnPathTest, AbbreviateLeavesOutWholeDirectoriesInTheMiddle) {
+  const char* path = "c:\\alpha\\beta\\gamma\\delta\\file.txt";
+  struct Case {
+    int max;
+    const char* output;
+    int result;
+  } cases[] = {
+      {40, path, 34},
+      {34, path, 34},
+      {33, "c:\\alpha\\...\\gamma\\delta\\file.txt", 33},
+      {30, "c:\\alpha\\...\\delta\\file.txt", 27},
+      {25, "c:\\alpha\\...\\file.txt", 21},
+      {21, "c:\\alpha\\...\\file.txt", 21},
+      {20, path, 20},
+      {7, path, 7},  // the file name alone is too long
+      {0, path, 0},
+  };
+  for (const Case& c : cases) {
+    CString out;
+    EXPECT_EQ(c.result, AbbreviatePath(W(path), c.max, out)) << c.max;
+    EXPECT_EQ(c.output, U8(out)) << c.max;
+  }
+}
+
+TEST(VnPathTest, AbbreviateKeepsServerAndShareOrTheDriveInFront) {
+  struct Case {
+    const char* path;
+    int max;
+    const char* output;
+    int result;
+  } cases[] = {
+      {"\\\\server\\share\\alpha\\beta\\file.txt", 30, "\\\\server\\share\\...\\file.txt", 27},
+      {"c:\\f.txt", 7, "c:\\f.txt", 7},          // prefix "c:": nothing fits
+      {"c:\\a\\f.txt", 9, "c:\\a\\f.txt", 9},
+      {"rel\\dir\\f.txt", 5, "rel\\dir\\f.txt", 5},  // not a full path
+      {"f.txt", 3, "f.txt", 3},
+      {"", 10, "", 10},
+      {"c:\\a*\\f.txt", 8, "c:\\a*\\f.txt", 8},     // wildcard: no valid directory
+  };
+  for (const Case& c : cases) {
+    CString out;
+    EXPECT_EQ(c.result, AbbreviatePath(W(c.path), c.max, out)) << c.path;
+    EXPECT_EQ(c.output, U8(out)) << c.path;
+  }
+}
+
+// A network path without the backslashes the scans look for: the function
+// must stop at the end of the text.  What it gives is open; that it returns
+// a text no longer than the input plus the ellipsis, and never reads
+// outside (checked by the sanitizer build), is the point.
+TEST(VnPathTest, AbbreviateStopsAtTheEndOfAPathWithoutBackslashes) {
+  for (const char* path : {"\\\\server", "\\\\server\\", "\\\\s\\sh", "//server/share/alpha/f.txt", "\\\\\\x\\y"}) {
+    for (int max = 0; max < 30; ++max) {
+      CString out;
+      int result = AbbreviatePath(W(path), max, out);
+      EXPECT_LE(out.GetLength(), static_cast<int>(std::string(path).size()) + 4) << path;
+      EXPECT_GE(result, 0) << path;
+    }
+  }
+}
+
+//===-- Name patterns -------------------------------------------------------===//
+
+TEST(VnPathTest, PatternStarMatchesAnyRunAndQueryZeroOrOne) {
+  struct Case {
+    const char *pattern, *text;
+    bool match;
+  } cases[] = {
+      {"a?", "a", true},   {"a?", "ab", true},     {"a?", "abc", false}, {"*", "", true},
+      {"*", "xyz", true},  {"a*c", "ac", true},    {"a*c", "abbbc", true}, {"a*c", "abcd", false},
+      {"ABC", "abc", true}, {"", "", true},        {"", "a", false},     {"a", "", false},
+      {"?", "", true},     {"??", "abc", false},   {"*.*", "a.b", true}, {"*x*", "aaa", false},
+  };
+  for (const Case& c : cases)
+    EXPECT_EQ(c.match, MatchNamePattern(W(c.pattern), W(c.text))) << c.pattern << " ~ " << c.text;
+}
+
+// The rule as written, recursion and all, as the reference.
+bool ReferenceMatch(const std::u16string& p, size_t pi, const std::u16string& t, size_t ti) {
+  if (pi == p.size())
+    return ti == t.size();
+  if (p[pi] == '*') {
+    for (size_t k = ti; k <= t.size(); ++k)
+      if (ReferenceMatch(p, pi + 1, t, k))
+        return true;
+    return false;
+  }
+  if (p[pi] == '?')
+    return ReferenceMatch(p, pi + 1, t, ti) || (ti < t.size() && ReferenceMatch(p, pi + 1, t, ti + 1));
+  return ti < t.size() && VnToLower(p[pi]) == VnToLower(t[ti]) && ReferenceMatch(p, pi + 1, t, ti + 1);
+}
+
+TEST(VnPathTest, PatternMatchingAgreesWithTheRecursiveRule) {
+  std::mt19937 rng(5);
+  const char16_t alphabet[] = u"ab*?A";
+  for (int round = 0; round < 3000; ++round) {
+    std::u16string p, t;
+    for (int i = static_cast<int>(rng() % 7); i > 0; --i)
+      p += alphabet[rng() % 5];
+    for (int i = static_cast<int>(rng() % 7); i > 0; --i)
+      t += alphabet[rng() % 2];
+    CString cp(CString::Storage(p.begin(), p.end())), ct(CString::Storage(t.begin(), t.end()));
+    ASSERT_EQ(ReferenceMatch(p, 0, t, 0), MatchNamePattern(cp, ct)) << U8(cp) << " ~ " << U8(ct);
+  }
+}
+
+// Many stars against a long text that nearly matches: quick, not exponential.
+TEST(VnPathTest, PatternMatchingOfManyStarsFinishes) {
+  CString pattern, text(_T('a'), 2000);
+  for (int i = 0; i < 200; ++i)
+    pattern += _T("*a");
+  pattern += _T("b");
+  EXPECT_FALSE(MatchNamePattern(pattern, text));
+  EXPECT_TRUE(MatchNamePattern(pattern.Left(pattern.GetLength() - 1), text));
+}
+
+TEST(VnPathTest, SpecListSplitsAtQuotesCommasSemicolonsAndBlanks) {
+  struct Case {
+    const char *name, *list;
+    int match;
+  } cases[] = {
+      {"a.txt", "*.c;*.TXT", 1},
+      {"a b.txt", "\"a b.txt\" c.txt", 1},
+      {"c.txt", "\"a b.txt\" c.txt", 1},
+      {"a.txt", "", 0},
+      {"abc", "abc\"a.txt\"", 0},  // text before a quote is dropped
+      {"a.txt", "abc\"a.txt\"", 1},
+      {"a.txt", "\"a.txt", 0},     // no closing quote
+      {"a.txt", "a.txt,\"b", 1},   // matched before the open quote
+      {"readme", "*", 1},
+      {"a.txt", "*", 0},           // '*' has no extension
+      {"readme", "*.*", 0},        // '*.*' needs a dot
+      {"ac.txt", "a?c.txt", 1},
+      {"x.txt", " , ;  x.txt ", 1},
+      {"c:\\dir\\a.txt", "d:\\other\\*.txt", 1},  // directories are ignored
+      {"a.tar.gz", "*.gz", 1},
+      {"a.tar.gz", "a.*", 0},      // the name part is "a.tar"
+      {"a.tar.gz", "a.tar.*", 1},
+  };
+  for (const Case& c : cases)
+    EXPECT_EQ(c.match, NameIsInSpecList(W(c.name), W(c.list))) << c.name << " in " << c.list;
+}
+
+//===-- Validity and the file system ----------------------------------------===//
+
+TEST(VnPathTest, ValidPathNameRefusesWildcardsColonsAndSlips) {
+  struct Case {
+    const char* path;
+    int valid;
+    const char* full;  // null: left unchanged
+  } cases[] = {
+      {"c:\\a:b", 0, nullptr},
+      {"c: x", 0, nullptr},
+      {"c:\\no\\such\\dir", 1, "c:\\no\\such\\dir"},
+      {"c:\\a\\*.txt", 0, nullptr},
+      {"c:\\a?", 0, nullptr},
+      {"", 0, nullptr},
+      {"c:\\a\\..\\b\\", 1, "c:\\b\\"},
+  };
+  for (const Case& c : cases) {
+    CString p = W(c.path);
+    EXPECT_EQ(c.valid, GetValidPathName(p)) << c.path;
+    EXPECT_EQ(c.full ? c.full : c.path, U8(p)) << c.path;
+  }
+}
+
+TEST(VnPathTest, ValidPathNameResolvesARelativePathAgainstTheCurrentDirectory) {
+  CString current, p(_T("some\\name"));
+  GetCurrentPath(current);
+  ASSERT_EQ(1, GetValidPathName(p));
+  EXPECT_TRUE(IsSamePath(current + _T("some\\name"), p)) << U8(p);
+}
+
+TEST(VnPathTest, FullPathGuardRefusesADriveFollowedByABlank) {
+  WCHAR buffer[300];
+  EXPECT_EQ(0u, GetFullPathChecked(_T("c: x"), 300, buffer));
+  EXPECT_EQ(0u, GetFullPathChecked(_T("c: "), 300, buffer));
+  EXPECT_EQ(4u, GetFullPathChecked(_T("c:\\x"), 300, buffer));
+  EXPECT_EQ(5u, GetFullPathChecked(_T("c:\\x"), 2, buffer));  // the size needed
+}
+
+TEST(VnPathTest, RootTypesOfNetworkPathsAndShortTexts) {
+  struct Case {
+    const char* path;
+    int type;
+  } cases[] = {{"ab", 0}, {"", 0}, {"   ", 0}, {"\\\\srv", 4}, {"//srv/share", 4}, {"\\/x", 4}};
+  for (const Case& c : cases)
+    EXPECT_EQ(c.type, GetRootDirType(W(c.path))) << c.path;
+  EXPECT_EQ(0, GetRootDirType(nullptr));
+#ifdef _WIN32
+  EXPECT_EQ(3, GetRootDirType(_T("  c:  ")));  // asks about c:\, a fixed disk
+#else
+  EXPECT_EQ(1, GetRootDirType(_T("  c:  ")));  // asks about c:\, which names no root here
+  EXPECT_EQ(3, GetRootDirType(_T("/tmp")));
+#endif
+}
+
+TEST(VnPathTest, DirectoriesAndFilesAreToldApart) {
+  ScratchDir scratch;
+  CString file = scratch.Path() + _T("f.txt");
+  EXPECT_EQ(0, IsFile(file));
+  std::filesystem::create_directory(FsPath(scratch.Path() + _T("sub")));
+  { std::ofstream(FsPath(file)) << "x"; }
+  EXPECT_EQ(1, IsDir(scratch.Path()));
+  EXPECT_EQ(1, IsDir(scratch.Path() + _T("sub")));
+  EXPECT_EQ(0, IsDir(file));
+  EXPECT_EQ(1, IsFile(file));
+  EXPECT_EQ(0, IsFile(scratch.Path() + _T("sub")));
+  EXPECT_EQ(0, IsDir(scratch.Path() + _T("none")));
+}
+
+TEST(VnPathTest, EnsureValidPathCreatesEveryMissingLevel) {
+  ScratchDir scratch;
+  CString deep = scratch.Path() + _T("a/b\\c\\");
+  EXPECT_EQ(0, IsDir(deep));
+  EXPECT_EQ(1, EnsureValidPath(deep));
+  EXPECT_EQ(1, IsDir(deep));
+  EXPECT_EQ(1, EnsureValidPath(deep));  // and again: it exists
+  CString resolved = scratch.Path() + _T("x\\..\\y");
+  EXPECT_EQ(1, ResolveValidatePath(resolved));
+  EXPECT_TRUE(IsSamePath(scratch.Path() + _T("y"), resolved)) << U8(resolved);
+  EXPECT_EQ(1, IsDir(scratch.Path() + _T("y")));
+  EXPECT_EQ(0, IsDir(scratch.Path() + _T("x")));
+  EXPECT_EQ(0, EnsureValidPath(_T("")));
+}
+
+TEST(VnPathTest, EnsureValidPathRefusesWhereAFileStands) {
+  ScratchDir scratch;
+  { std::ofstream(FsPath(scratch.Path() + _T("f"))) << "x"; }
+  EXPECT_EQ(0, EnsureValidPath(scratch.Path() + _T("f\\sub")));
+  EXPECT_EQ(1, IsFile(scratch.Path() + _T("f")));
+}
+
+// A path of the given total length below the scratch directory, made of
+// elements short enough for any file system.
+CString PathOfLength(const CString& base, int length) {
+  CString p = base;
+  while (length - p.GetLength() > 60) {
+    p += CString(_T('d'), 49);
+    p += _T('\\');
+  }
+  p += CString(_T('d'), length - p.GetLength());
+  return p;
+}
+
+TEST(VnPathTest, EnsureValidPathTakesUpTo260AndResolveUpTo258Characters) {
+  ScratchDir scratch;
+  CString full = scratch.Path();
+  ASSERT_EQ(1, GetValidPathName(full));
+  ASSERT_LT(full.GetLength(), 180);
+  struct Case {
+    int length;
+    int ensure, resolve;
+  } cases[] = {{257, 1, 1}, {258, 1, 1}, {259, 1, 0}, {260, 1, 0}, {261, 0, 0}, {262, 0, 0}};
+  for (const Case& c : cases) {
+    CString p = PathOfLength(full, c.length);
+    ASSERT_EQ(c.length, p.GetLength());
+    CString q = PathOfLength(full, c.length);
+    q.SetAt(q.GetLength() - 1, _T('r'));  // a sibling for the second function
+    EXPECT_EQ(c.ensure, EnsureValidPath(p)) << c.length;
+    EXPECT_EQ(c.ensure, IsDir(p)) << c.length;
+    EXPECT_EQ(c.resolve, ResolveValidatePath(q)) << c.length;
+    EXPECT_EQ(c.resolve, IsDir(q)) << c.length;
+  }
+}
+
+TEST(VnPathTest, EnsureValidFileLeavesNoTrialFileBehind) {
+  ScratchDir scratch;
+  CString fresh = scratch.Path() + _T("new\\file.txt");
+  EXPECT_EQ(1, EnsureValidFile(fresh));
+  EXPECT_EQ(1, IsDir(scratch.Path() + _T("new")));
+  EXPECT_FALSE(std::filesystem::exists(FsPath(fresh)));
+
+  CString existing = scratch.Path() + _T("old.txt");
+  { std::ofstream(FsPath(existing)) << "keep"; }
+  EXPECT_EQ(1, EnsureValidFile(existing));
+  EXPECT_EQ(4u, std::filesystem::file_size(FsPath(existing)));
+
+  EXPECT_EQ(0, EnsureValidFile(_T("bare-name.txt")));  // no directory part
+  EXPECT_EQ(0, EnsureValidFile(scratch.Path() + _T("new")));  // a directory
+}
+
+TEST(VnPathTest, PathGettersEndInASeparator) {
+  CString current, temp, app;
+  GetCurrentPath(current);
+  GetTemporaryPath(temp);
+  GetAppPath(app);
+  for (const CString* p : {&current, &temp, &app}) {
+    EXPECT_EQ(1, PathHasEndSlash(*p)) << U8(*p);
+    EXPECT_EQ(1, IsDir(*p)) << U8(*p);
+  }
+  EXPECT_EQ('\\', current[current.GetLength() - 1]);  // added in every case
+  EXPECT_TRUE(std::filesystem::equivalent(FsPath(current), std::filesystem::current_path()));
+}
+
+#ifndef _WIN32
+// The current directory can vanish under a process here; the getter then
+// throws the system's error rather than giving an empty path.
+TEST(VnPathTest, CurrentPathThrowsWhenTheDirectoryIsGone) {
+  ScratchDir scratch;
+  const std::filesystem::path home = std::filesystem::current_path();
+  std::filesystem::current_path(FsPath(scratch.Path()));
+  std::filesystem::remove(FsPath(scratch.Path()));
+  bool threw = false;
+  try {
+    CString p;
+    GetCurrentPath(p);
+  } catch (CException* e) {
+    threw = e->IsKindOf(RUNTIME_CLASS(CVnOSException)) && static_cast<CVnOSException*>(e)->GetError() == 2;
+    e->Delete();
+  }
+  std::filesystem::current_path(home);
+  EXPECT_TRUE(threw);
+}
+#endif
+
+}  // namespace
