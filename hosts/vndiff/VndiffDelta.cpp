@@ -88,13 +88,15 @@ std::string RecordText(INT_PTR k, const CVnDiffChange& c) {
   return text;
 }
 
+// Where the rebuilt text's last line comes from, which decides its line end.
+enum class LastLine { Delta, SourceLast, SourceInner };
+
 // Checks that the records rebuild a target from a source of n0 lines with
 // `available` delta lines: known actions, ranges inside the source, both
-// sides ascending.  Gives whether the result's last line comes from the
-// delta text (and so takes its ending).
-bool CheckRecords(const std::string& dir, const CVnDiffChangeList& records, long n0, long available) {
+// sides ascending.  Gives where the result's last line comes from.
+LastLine CheckRecords(const std::string& dir, const CVnDiffChangeList& records, long n0, long available) {
   long srcPos = 1, tgtPos = 1, used = 0;
-  bool lastFromDelta = false;
+  LastLine last = LastLine::SourceInner;
   for (INT_PTR k = 0; k < records.GetSize(); ++k) {
     const CVnDiffChange& c = *records[k];
     const long ss = c.StartSource(), es = c.EndSource(), st = c.StartTarget(), et = c.EndTarget();
@@ -130,16 +132,16 @@ bool CheckRecords(const std::string& dir, const CVnDiffChangeList& records, long
       Damaged(dir, RecordText(k, c) + " has an unknown action");
     }
     if (copied > 0)
-      lastFromDelta = false;
+      last = LastLine::SourceInner;  // a copied line before a record is never the source's last
     if (c.GetAction() != CVnDiffChange::Delete)
-      lastFromDelta = true;
+      last = LastLine::Delta;
   }
   if (used != available)
     Damaged(dir, "the delta text has " + std::to_string(available) + " lines, the records need " +
                      std::to_string(used));
   if (srcPos <= n0)
-    lastFromDelta = false;
-  return lastFromDelta;
+    last = LastLine::SourceLast;  // the tail of the source is copied
+  return last;
 }
 
 }  // namespace
@@ -185,12 +187,19 @@ static void WriteOutput(const std::string& output, const unsigned char* bytes, u
   }
 }
 
-// The ending-terminator flag of the rebuilt set: from the delta text when the
-// last line came from it, else from the source.
-static void TakeEnding(CVnDiffArg& result, const CVnFileInfo& from) {
+// The ending-terminator flag of the rebuilt set: the delta text's or the
+// source's when its last line is their last line, else set (a line inside a
+// file always has its line end).
+static void TakeEnding(CVnDiffArg& result, LastLine last, const InputText& source, const InputText& delta) {
+  bool terminated = true;
+  if (last == LastLine::Delta)
+    terminated = delta.lines.GetFileInfo().HasEndingTerminator() != 0;
+  else if (last == LastLine::SourceLast)
+    terminated = source.lines.GetFileInfo().HasEndingTerminator() != 0;
   CVnFileInfo info = result.GetFileInfo();
-  info.m_nFlags = (info.m_nFlags & ~static_cast<uint32_t>(CVnFileInfo::kEndingTerminator)) |
-                  (from.m_nFlags & CVnFileInfo::kEndingTerminator);
+  info.m_nFlags &= ~static_cast<uint32_t>(CVnFileInfo::kEndingTerminator);
+  if (terminated)
+    info.m_nFlags |= CVnFileInfo::kEndingTerminator;
   result.SetFileInfo(info);
 }
 
@@ -204,14 +213,13 @@ void ApplyDelta(const std::string& dir, const std::string& sourcePath, const std
   if (records.GetSize() == 1 && records[0]->IsFullFileDelta()) {
     delta->lines.GetBuffer(bytes, size);  // the delta text is the whole target
   } else {
-    const bool lastFromDelta =
-        CheckRecords(dir, records, source->lines.GetLineCount(), delta->lines.GetLineCount());
+    const LastLine last = CheckRecords(dir, records, source->lines.GetLineCount(), delta->lines.GetLineCount());
     CVnDiffArg result(CVnFileInfo::Text8, 10);
     int sourcePos = 1, targetPos = 1, deltaPos = 0;
     for (INT_PTR k = 0; k < records.GetSize(); ++k)
       result.ProcessChange(*records[k], source->lines, delta->lines, sourcePos, targetPos, deltaPos);
     result.CopyLines(source->lines, sourcePos - 1, -1);
-    TakeEnding(result, lastFromDelta ? delta->lines.GetFileInfo() : source->lines.GetFileInfo());
+    TakeEnding(result, last, *source, *delta);
     result.GetBuffer(bytes, size);
   }
   std::unique_ptr<unsigned char[]> owned(bytes);

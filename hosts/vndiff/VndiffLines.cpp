@@ -145,28 +145,36 @@ static long PartnerOfTarget(const std::vector<Span>& spans, long line, size_t& b
   return line + offset;
 }
 
+// A line the two sides share unchanged must also agree on having a line end.
+// Only a file's last line can lack one, so only the partner of either last
+// line needs a look: when it disagrees, the pair becomes a Change.
 void AddFinalNewlineChange(const InputText& source, const InputText& target, CVnDiffChangeList& changes) {
   const long n0 = source.lines.GetLineCount();
   const long n1 = target.lines.GetLineCount();
-  if (n0 == 0 || n1 == 0 || source.endsInNewline() == target.endsInNewline())
+  if (n0 == 0 || n1 == 0)
     return;
+  const bool sourceEnd = source.endsInNewline(), targetEnd = target.endsInNewline();
   const std::vector<Span> spans = ToSpans(changes, false);
   bool srcCovered = false, tgtCovered = false;
   for (const Span& s : spans) {
     srcCovered = srcCovered || (s.srcCount > 0 && s.srcBegin + s.srcCount == n0);
     tgtCovered = tgtCovered || (s.tgtCount > 0 && s.tgtBegin + s.tgtCount == n1);
   }
-  if (srcCovered && tgtCovered)
-    return;
   size_t before = 0;
-  CVnDiffChange* change;
-  if (!srcCovered) {
-    const long partner = PartnerOfSource(spans, n0 - 1, before);
-    change = new CVnDiffChange(CVnDiffChange::Change, n0, n0, partner + 1, partner + 1);
-  } else {
+  CVnDiffChange* change = nullptr;
+  if (!tgtCovered) {
     const long partner = PartnerOfTarget(spans, n1 - 1, before);
-    change = new CVnDiffChange(CVnDiffChange::Change, partner + 1, partner + 1, n1, n1);
+    const bool partnerEnd = partner < n0 - 1 || sourceEnd;
+    if (partnerEnd != targetEnd)
+      change = new CVnDiffChange(CVnDiffChange::Change, partner + 1, partner + 1, n1, n1);
+  } else if (!srcCovered) {
+    const long partner = PartnerOfSource(spans, n0 - 1, before);
+    const bool partnerEnd = partner < n1 - 1 || targetEnd;
+    if (partnerEnd != sourceEnd)
+      change = new CVnDiffChange(CVnDiffChange::Change, n0, n0, partner + 1, partner + 1);
   }
+  if (!change)
+    return;
   assert(before <= static_cast<size_t>(changes.GetSize()) && "spans and records correspond");
   changes.InsertAt(static_cast<INT_PTR>(before), change);
 }
