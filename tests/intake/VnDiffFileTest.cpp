@@ -1,0 +1,269 @@
+// VnDiffFileTest.cpp - detection, conversion, line-end repair and the binary question.
+#include "intake/VnDiffFile.h"
+
+#include "IntakeTestFiles.h"
+#include "ScriptedPrompt.h"
+#include "afx/os/OsSeam.h"
+
+#include <gtest/gtest.h>
+
+using vn::test::Bytes;
+using vn::test::Le;
+using vn::test::ScriptedPrompt;
+using vn::test::TempFile;
+
+namespace {
+
+// Fixes the ANSI code page so that results don't follow the machine's locale.
+class DiffFileTest : public ::testing::Test {
+protected:
+  void SetUp() override { vn::os::SetAnsiCodePage(1252); }
+  void TearDown() override { vn::os::SetAnsiCodePage(0); }
+};
+
+struct Loaded {
+  bool ok;
+  std::string text;
+  int type;
+  int encoding;
+  unsigned codePage;
+  bool bom;
+};
+
+Loaded Load(const std::string& bytes, unsigned encoding = 0) {
+  TempFile file(bytes);
+  CVnDiffFile diff;
+  diff.SetFileName(file.Path());
+  if (encoding)
+    diff.SetFileEncoding(encoding);
+  unsigned char* text = nullptr;
+  unsigned long length = 0;
+  Loaded r;
+  r.ok = diff.GetFileContents(text, length);
+  r.text = r.ok ? Bytes(text, length) : std::string();
+  r.type = diff.GetFileType();
+  r.encoding = diff.GetEncoding();
+  r.codePage = diff.GetCodePage();
+  r.bom = diff.HasByteOrderMark();
+  return r;
+}
+
+struct DetectCase {
+  const char* name;
+  std::string bytes;
+  std::string text;  // UTF-16LE
+  int type;
+  int encoding;
+  unsigned codePage;
+  bool bom;
+};
+
+TEST_F(DiffFileTest, DetectsEncodingByMarkAndConvertsToUtf16) {
+  const std::string e9 = std::string("\xE9\x00", 2);
+  const DetectCase cases[] = {
+      {"utf-8 with mark", "\xEF\xBB\xBF" "a\xC3\xA9", Le("a") + e9, 1, 1, 65001, true},
+      {"utf-16le with mark", std::string("\xFF\xFE" "a\0b\0", 6), Le("ab"), 1, 2, 70001, true},
+      {"utf-16be with mark", std::string("\xFE\xFF\0a\0b", 6), Le("ab"), 1, 3, 70000, true},
+      {"ansi 1252 above 0x7F", "caf\xE9", Le("caf") + e9, 0, 0, 1252, false},
+      {"one byte is text", "A", Le("A"), 0, 0, 1252, false},
+      {"only a utf-8 mark", "\xEF\xBB\xBF", "", 1, 1, 65001, true},
+      {"only a utf-16le mark", "\xFF\xFE", "", 1, 2, 70001, true},
+      {"utf-32le counts as utf-16le", std::string("\xFF\xFE\0\0", 4), std::string("\0\0", 2), 1, 2, 70001, true},
+      {"empty file", "", "", 0, 0, 1252, false},
+  };
+  for (const DetectCase& c : cases) {
+    SCOPED_TRACE(c.name);
+    Loaded r = Load(c.bytes);
+    EXPECT_TRUE(r.ok);
+    EXPECT_EQ(c.text, r.text);
+    EXPECT_EQ(c.type, r.type);
+    EXPECT_EQ(c.encoding, r.encoding);
+    EXPECT_EQ(c.codePage, r.codePage);
+    EXPECT_EQ(c.bom, r.bom);
+  }
+}
+
+TEST_F(DiffFileTest, RepairsEveryLineEndMixToCrLf) {
+  const struct {
+    const char* in;
+    const char* out;
+  } cases[] = {
+      {"a\nb", "a\r\nb"},           {"a\rb\n", "a\r\nb\r\n"},     {"a\n\rb", "a\r\nb"},
+      {"\n", "\r\n"},               {"\r\n\r\n", "\r\n\r\n"},     {"\r\r\n", "\r\n\r\n"},
+      {"a\r\nb\nc\rd", "a\r\nb\r\nc\r\nd"}, {"a", "a"},           {"\n\r\n", "\r\n\r\n"},
+      {"x\n\n", "x\r\n\r\n"},       {"\r", "\r\n"},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.in);
+    EXPECT_EQ(Le(c.out), Load(c.in).text);
+    // The same text as UTF-16 with a mark is repaired the same way.
+    EXPECT_EQ(Le(c.out), Load("\xFF\xFE" + Le(c.in)).text);
+  }
+}
+
+TEST_F(DiffFileTest, NulUnitEndsTheRepairScan) {
+  // No lone line end before the NUL: the whole text stays.
+  EXPECT_EQ(Le("a\r\n") + std::string("\0\0", 2) + Le("b\n"),
+            Load("\xFF\xFE" + Le("a\r\n") + std::string("\0\0", 2) + Le("b\n")).text);
+  // A lone LF before the NUL: the text is cut at the NUL.
+  EXPECT_EQ(Le("a\r\n"), Load("\xFF\xFE" + Le("a\n") + std::string("\0\0", 2) + Le("b\n")).text);
+}
+
+TEST_F(DiffFileTest, OddUtf16BeByteStaysAndCounts) {
+  Loaded r = Load(std::string("\xFE\xFF\0a\x7F", 5));
+  EXPECT_EQ(std::string("a\0\x7F", 3), r.text);
+}
+
+TEST_F(DiffFileTest, SetFileEncodingOverridesDetection) {
+  // A UTF-8 file without its mark reads like the same file with one.
+  EXPECT_EQ(Load("\xEF\xBB\xBFx\xC3\xA9").text, Load("x\xC3\xA9", 65001).text);
+  // UTF-16 without a mark is binary until the encoding is set.
+  const std::string bare = Le("ab\n");
+  {
+    ScriptedPrompt prompt({IDNO});
+    Loaded detected = Load(bare);
+    EXPECT_FALSE(detected.ok);
+    EXPECT_EQ(2, detected.type);
+  }
+  Loaded set = Load(bare, 70001);
+  EXPECT_EQ(Le("ab\r\n"), set.text);
+  EXPECT_FALSE(set.bom);
+  // 70001 skips a UTF-16LE mark; 70000 does not and reads it as U+FFFE.
+  EXPECT_EQ(Le("a"), Load("\xFF\xFE" + Le("a"), 70001).text);
+  Loaded be = Load(std::string("\xFF\xFE\0a", 4), 70000);
+  EXPECT_EQ(std::string("\xFE\xFF" "a\0", 4), be.text);
+  EXPECT_FALSE(be.bom);
+  // An ordinary page converts the three mark bytes as text.
+  Loaded ansi = Load("\xEF\xBB\xBFz", 1252);
+  EXPECT_EQ(0, ansi.type);
+  EXPECT_EQ(std::string("\xEF\x00\xBB\x00\xBF\x00z\x00", 8), ansi.text);
+}
+
+TEST_F(DiffFileTest, BinaryFileAsksAndFollowsTheAnswer) {
+  TempFile file(std::string("ab\0c", 4));
+  CVnDiffFile diff;
+  diff.SetFileName(file.Path());
+  unsigned char* text = reinterpret_cast<unsigned char*>(1);
+  unsigned long length = 77;
+  {
+    ScriptedPrompt prompt({IDNO});
+    EXPECT_FALSE(diff.GetFileContents(text, length));
+    ASSERT_EQ(1u, prompt.Asked().size());
+    EXPECT_EQ(VnToUtf8(file.Path()) + " is a binary file.  Continue the compare or merge operation?",
+              prompt.Asked()[0].text);
+    EXPECT_EQ(0x34u, prompt.Asked()[0].type);
+  }
+  EXPECT_EQ(reinterpret_cast<unsigned char*>(1), text);  // untouched on No
+  EXPECT_EQ(77u, length);
+  EXPECT_TRUE(diff.IsBinary());
+  {
+    ScriptedPrompt prompt({IDYES});
+    ASSERT_TRUE(diff.GetFileContents(text, length));
+  }
+  // NUL becomes a space and the last byte the marker, whatever it was.
+  EXPECT_EQ(std::string("ab \x01", 4), Bytes(text, length));
+}
+
+TEST_F(DiffFileTest, SingleNulByteComesBackAsTheMarker) {
+  ScriptedPrompt prompt({IDYES});
+  Loaded r = Load(std::string("\0", 1));
+  EXPECT_EQ(std::string("\x01"), r.text);
+  EXPECT_EQ(2, r.type);
+}
+
+TEST_F(DiffFileTest, SecondLoadGivesTheSameBufferWithoutReading) {
+  TempFile file("one\r\ntwo");
+  CVnDiffFile diff;
+  diff.SetFileName(file.Path());
+  unsigned char *a = nullptr, *b = nullptr;
+  unsigned long la = 0, lb = 0;
+  ASSERT_TRUE(diff.GetFileContents(a, la));
+  file.Write("changed on disk");
+  ASSERT_TRUE(diff.GetFileContents(b, lb));
+  EXPECT_EQ(a, b);
+  EXPECT_EQ(la, lb);
+  // A new name takes it back to not loaded; the next load reads again.
+  diff.SetFileName(file.Path());
+  ASSERT_TRUE(diff.GetFileContents(b, lb));
+  EXPECT_EQ(Le("changed on disk"), Bytes(b, lb));
+}
+
+TEST_F(DiffFileTest, CopyHasItsOwnBufferWithTheSameText) {
+  TempFile file("\xFF\xFE" + Le("x\ny"));
+  CVnDiffFile diff;
+  diff.SetFileName(file.Path());
+  unsigned char* text = nullptr;
+  unsigned long length = 0;
+  ASSERT_TRUE(diff.GetFileContents(text, length));
+  CVnDiffFile copy(diff);
+  CVnDiffFile assigned;
+  assigned = diff;
+  for (CVnDiffFile* c : {&copy, &assigned}) {
+    unsigned char* t = nullptr;
+    unsigned long l = 0;
+    ASSERT_TRUE(c->GetFileContents(t, l));
+    EXPECT_NE(text, t);
+    EXPECT_EQ(Bytes(text, length), Bytes(t, l));
+    EXPECT_EQ(70001u, c->GetCodePage());
+  }
+}
+
+TEST_F(DiffFileTest, MissingFileRaisesAndKeepsTheEarlierText) {
+  TempFile file("kept");
+  CVnDiffFile diff;
+  diff.SetFileName(file.Path());
+  unsigned char* text = nullptr;
+  unsigned long length = 0;
+  ASSERT_TRUE(diff.GetFileContents(text, length));
+  diff.SetFileName(file.Path() + _T(".missing"));
+  unsigned char* other = nullptr;
+  try {
+    diff.GetFileContents(other, length);
+    FAIL() << "a missing file must raise";
+  } catch (CFileException* e) {
+    EXPECT_EQ(CFileException::fileNotFound, e->m_cause);
+    e->Delete();
+  }
+  EXPECT_EQ(Le("kept"), Bytes(text, 8));  // the old buffer is still alive
+}
+
+TEST_F(DiffFileTest, MegabyteLineSurvivesWhole) {
+  std::string line(1 << 20, 'x');
+  Loaded r = Load(line + "\n");
+  ASSERT_EQ(2 * (line.size() + 2), r.text.size());
+  EXPECT_EQ(Le("x\r\n"), r.text.substr(r.text.size() - 6));
+}
+
+TEST_F(DiffFileTest, DescribesEncodings) {
+  const struct {
+    std::string bytes;
+    unsigned encoding;
+    const char* description;
+  } cases[] = {
+      {"\xFF\xFE", 0, "UTF-16 (Little Endian)"},
+      {"\xFE\xFF", 0, "UTF-16 (Big Endian)"},
+      {std::string("a\0", 2), 0, "binary"},
+      {"\xEF\xBB\xBF", 0, "65001 (UTF-8)"},
+      {"plain", 0, "1252  (ANSI - Latin I)"},
+      {"plain", 1251, "1251  (ANSI - Cyrillic)"},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.description);
+    ScriptedPrompt prompt({IDYES, IDYES});
+    TempFile file(c.bytes);
+    CVnDiffFile diff;
+    diff.SetFileName(file.Path());
+    if (c.encoding)
+      diff.SetFileEncoding(c.encoding);
+    unsigned char* text = nullptr;
+    unsigned long length = 0;
+    diff.GetFileContents(text, length);
+#ifdef _WIN32
+    EXPECT_FALSE(diff.GetEncodingDescription().IsEmpty());
+#else
+    EXPECT_EQ(c.description, VnToUtf8(diff.GetEncodingDescription()));
+#endif
+  }
+}
+
+}  // namespace

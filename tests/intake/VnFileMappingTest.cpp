@@ -1,0 +1,84 @@
+// VnFileMappingTest.cpp - views of whole files, growth, and closing.
+#include "intake/VnFileMapping.h"
+
+#include "IntakeTestFiles.h"
+#include "intake/VnFile.h"
+
+#include <cstring>
+#include <gtest/gtest.h>
+
+using vn::test::TempFile;
+
+namespace {
+
+TEST(VnFileMappingTest, ReadOnlyViewShowsTheBytes) {
+  TempFile file("mapped bytes");
+  CVnFileMapping mapping;
+  mapping.Open(file.Path(), 0);
+  unsigned long size = 0;
+  const void* view = nullptr;
+  mapping.GetBuffer(size, view);
+  ASSERT_EQ(12u, size);
+  EXPECT_EQ(0, memcmp(view, "mapped bytes", 12));
+  mapping.Close();
+  mapping.GetBuffer(size, view);
+  EXPECT_EQ(nullptr, view);
+}
+
+TEST(VnFileMappingTest, EmptyFileHasNoView) {
+  TempFile file;
+  CVnFileMapping mapping;
+  mapping.Open(file.Path(), 0);
+  unsigned long size = 99;
+  const void* view = &size;
+  mapping.GetBuffer(size, view);
+  EXPECT_EQ(0u, size);
+  EXPECT_EQ(nullptr, view);
+}
+
+TEST(VnFileMappingTest, MissingFileIsCreatedEmpty) {
+  TempFile file;
+  const CString path = file.Path() + _T(".made");
+  EXPECT_FALSE(CVnFile::IsBinary(path));
+  EXPECT_EQ(1, CVnFile::IsFile(path));
+  CVnFile::FileRemove(path);
+}
+
+TEST(VnFileMappingTest, WritableMappingGrowsTheFileOnDisk) {
+  TempFile file("ab");
+  {
+    CVnFileMapping mapping;
+    mapping.Open(file.Path(), 8);
+    unsigned long size = 0;
+    void* view = nullptr;
+    mapping.GetBuffer(size, view);
+    ASSERT_EQ(8u, size);
+    memcpy(static_cast<char*>(view) + 2, "cdefgh", 6);
+  }
+  CVnFile::FileStatus status;
+  CVnFile::GetStatus(file.Path(), status, true);
+  EXPECT_EQ(8u, status.m_sizeLow);
+  CVnFile open(file.Path(), CFile::modeRead);
+  CVnSmartBytePtr bytes;
+  EXPECT_EQ("abcdefgh", vn::test::Bytes(bytes, open.ReadAll(bytes)));
+}
+
+TEST(VnFileMappingTest, ClosingLeavesACallersFileOpen) {
+  TempFile file("shared");
+  CVnFile open(file.Path(), CFile::modeRead);
+  {
+    CVnFileMapping mapping;
+    mapping.Open(open, 0);
+    unsigned long size = 0;
+    const void* view = nullptr;
+    mapping.GetBuffer(size, view);
+    EXPECT_EQ(6u, size);
+    mapping.Close();
+  }
+  char buf[6];
+  open.SeekToBegin();
+  EXPECT_EQ(6u, open.ReadRaw(buf, 6));
+  EXPECT_EQ(0, memcmp(buf, "shared", 6));
+}
+
+}  // namespace
