@@ -72,6 +72,12 @@ int CRichEditCtrl::GetTextLength() const {
   return static_cast<int>(SendMessage(WM_GETTEXTLENGTH));
 }
 
+long CRichEditCtrl::GetTextLengthEx(DWORD flags, UINT codePage) const {
+  VN_ASSERT_WINDOW();
+  GETTEXTLENGTHEX how = {flags, codePage};
+  return static_cast<long>(SendMessage(EM_GETTEXTLENGTHEX, reinterpret_cast<WPARAM>(&how)));
+}
+
 void CRichEditCtrl::GetSel(long& start, long& end) const {
   VN_ASSERT_WINDOW();
   CHARRANGE range = {0, 0};
@@ -105,6 +111,29 @@ CString CRichEditCtrl::GetSelText() const {
 void CRichEditCtrl::HideSelection(BOOL hide, BOOL permanent) {
   VN_ASSERT_WINDOW();
   SendMessage(EM_HIDESELECTION, static_cast<WPARAM>(hide), permanent);
+}
+
+WORD CRichEditCtrl::GetSelectionType() const {
+  VN_ASSERT_WINDOW();
+  return static_cast<WORD>(SendMessage(EM_SELECTIONTYPE));
+}
+
+void CRichEditCtrl::Clear() {
+  VN_ASSERT_WINDOW();
+  SendMessage(WM_CLEAR);
+}
+
+void CRichEditCtrl::Copy() {
+  VN_ASSERT_WINDOW();
+  SendMessage(WM_COPY);
+}
+
+// The rich edit form of the message: a POINTL to fill, then the index.
+CPoint CRichEditCtrl::PosFromChar(UINT charIndex) const {
+  VN_ASSERT_WINDOW();
+  POINTL point = {0, 0};
+  SendMessage(EM_POSFROMCHAR, reinterpret_cast<WPARAM>(&point), static_cast<LPARAM>(charIndex));
+  return CPoint(point.x, point.y);
 }
 
 //===-- Format and behaviour -----------------------------------------------===//
@@ -142,6 +171,18 @@ BOOL CRichEditCtrl::SetSelectionCharFormat(CHARFORMAT2W& format) {
 }
 
 DWORD CRichEditCtrl::GetSelectionCharFormat(CHARFORMAT2W& format) const {
+  VN_ASSERT_WINDOW();
+  format.cbSize = sizeof(format);
+  return static_cast<DWORD>(SendMessage(EM_GETCHARFORMAT, SCF_SELECTION, reinterpret_cast<LPARAM>(&format)));
+}
+
+BOOL CRichEditCtrl::SetSelectionCharFormat(CHARFORMATW& format) {
+  VN_ASSERT_WINDOW();
+  format.cbSize = sizeof(format);
+  return static_cast<BOOL>(SendMessage(EM_SETCHARFORMAT, SCF_SELECTION, reinterpret_cast<LPARAM>(&format)));
+}
+
+DWORD CRichEditCtrl::GetSelectionCharFormat(CHARFORMATW& format) const {
   VN_ASSERT_WINDOW();
   format.cbSize = sizeof(format);
   return static_cast<DWORD>(SendMessage(EM_GETCHARFORMAT, SCF_SELECTION, reinterpret_cast<LPARAM>(&format)));

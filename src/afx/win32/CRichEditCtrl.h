@@ -7,6 +7,7 @@
 #ifndef VN_AFX_WIN32_CRICHEDITCTRL_H
 #define VN_AFX_WIN32_CRICHEDITCTRL_H
 
+#include "afx/win32/CGeometry.h"
 #include "afx/win32/CWnd.h"
 
 #include <richedit.h>
@@ -29,12 +30,21 @@ public:
   void LineScroll(int lines, int chars = 0);
 
   // Text and selection
+  // The length WM_GETTEXTLENGTH gives: a paragraph mark counts as CR LF.
   int GetTextLength() const;
+  // EM_GETTEXTLENGTHEX: flags GTL_*, in the units of codePage (1200: UTF-16).
+  long GetTextLengthEx(DWORD flags, UINT codePage = 1200) const;
   void GetSel(long& start, long& end) const;
   void SetSel(long start, long end);
   void ReplaceSel(LPCWSTR text, BOOL canUndo = FALSE);
   CString GetSelText() const;
   void HideSelection(BOOL hide, BOOL permanent);
+  // SEL_EMPTY (0) or a combination of SEL_TEXT, SEL_OBJECT, SEL_MULTICHAR...
+  WORD GetSelectionType() const;
+  void Clear();
+  void Copy();
+  // Client coordinates of the top left of a character.
+  CPoint PosFromChar(UINT charIndex) const;
 
   // Format and behaviour
   DWORD GetEventMask() const;
@@ -44,6 +54,8 @@ public:
   BOOL SetDefaultCharFormat(CHARFORMAT2W& format);
   BOOL SetSelectionCharFormat(CHARFORMAT2W& format);
   DWORD GetSelectionCharFormat(CHARFORMAT2W& format) const;
+  BOOL SetSelectionCharFormat(CHARFORMATW& format);
+  DWORD GetSelectionCharFormat(CHARFORMATW& format) const;
   BOOL SetModify(BOOL modified = TRUE);
   BOOL GetModify() const;
   void LimitText(long maxChars = 0);

@@ -6,6 +6,8 @@
 // handle and PostNcDestroy runs.
 #include "afx/win32/CWnd.h"
 
+#include "afx/win32/CScrollBar.h"
+
 #include <cassert>
 
 IMPLEMENT_DYNAMIC(CWnd, CObject)
@@ -57,7 +59,52 @@ LRESULT CALLBACK CWnd::StaticWindowProc(HWND hWnd, UINT message, WPARAM wParam, 
   return result;
 }
 
-LRESULT CWnd::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) { return DefWindowProc(message, wParam, lParam); }
+LRESULT CWnd::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
+  switch (message) {
+  case WM_CLOSE:
+    OnClose();
+    return 0;
+  case WM_HSCROLL:
+  case WM_VSCROLL:
+    return DispatchScroll(message, wParam, lParam);
+  default:
+    return DefWindowProc(message, wParam, lParam);
+  }
+}
+
+namespace {
+// A bar that no object owns is lent to the handler for the call only.
+struct LentScrollBar : CScrollBar {
+  ~LentScrollBar() override { Detach(); }
+};
+}  // namespace
+
+LRESULT CWnd::DispatchScroll(UINT message, WPARAM wParam, LPARAM lParam) {
+  HWND barWnd = reinterpret_cast<HWND>(lParam);
+  CWnd* owner = FromHandlePermanent(barWnd);
+  LentScrollBar lent;
+  CScrollBar* bar = nullptr;
+  if (owner && owner->IsKindOf(RUNTIME_CLASS(CScrollBar)))
+    bar = static_cast<CScrollBar*>(owner);
+  else if (barWnd && lent.Attach(barWnd))
+    bar = &lent;
+  UINT code = LOWORD(wParam), pos = HIWORD(wParam);
+  if (message == WM_HSCROLL)
+    OnHScroll(code, pos, bar);
+  else
+    OnVScroll(code, pos, bar);
+  return 0;
+}
+
+void CWnd::OnClose() { DefWindowProc(WM_CLOSE, 0, 0); }
+
+void CWnd::OnHScroll(UINT code, UINT pos, CScrollBar* bar) {
+  DefWindowProc(WM_HSCROLL, MAKEWPARAM(code, pos), reinterpret_cast<LPARAM>(bar ? bar->m_hWnd : nullptr));
+}
+
+void CWnd::OnVScroll(UINT code, UINT pos, CScrollBar* bar) {
+  DefWindowProc(WM_VSCROLL, MAKEWPARAM(code, pos), reinterpret_cast<LPARAM>(bar ? bar->m_hWnd : nullptr));
+}
 
 LRESULT CWnd::DefWindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
   if (m_pfnSuper)
@@ -237,4 +284,15 @@ void CWnd::Invalidate(BOOL erase) {
 BOOL CWnd::UpdateWindow() {
   assert(::IsWindow(m_hWnd) && "the object holds a live window");
   return ::UpdateWindow(m_hWnd);
+}
+
+CPoint CWnd::GetCaretPos() {
+  POINT point = {0, 0};
+  ::GetCaretPos(&point);
+  return CPoint(point);
+}
+
+void CWnd::ShowCaret() {
+  assert(::IsWindow(m_hWnd) && "the object holds a live window");
+  ::ShowCaret(m_hWnd);
 }

@@ -8,11 +8,16 @@
 // calls its virtual WindowProc.  A window of a system class (a control) can
 // join the same way after creation through SubclassWindow; its original
 // procedure then does the default work.  Wrapper methods are one assert and
-// one message.
+// one message.  WM_CLOSE, WM_HSCROLL and WM_VSCROLL reach the overridable
+// handlers OnClose, OnHScroll and OnVScroll; their defaults pass the message
+// on to the default procedure as it came.
 #ifndef VN_AFX_WIN32_CWND_H
 #define VN_AFX_WIN32_CWND_H
 
 #include "afx/afx.h"
+#include "afx/win32/CGeometry.h"
+
+class CScrollBar;
 
 class VN_API CWnd : public CObject {
   DECLARE_DYNAMIC(CWnd)
@@ -58,6 +63,9 @@ public:
   int GetDlgCtrlID() const;
   void Invalidate(BOOL erase = TRUE);
   BOOL UpdateWindow();
+  // The caret of this thread, in the client coordinates of its window.
+  static CPoint GetCaretPos();
+  void ShowCaret();
 
   HWND m_hWnd = nullptr;
 
@@ -69,9 +77,16 @@ protected:
   virtual void PostNcDestroy() {}
   LRESULT DefWindowProc(UINT message, WPARAM wParam, LPARAM lParam);
 
+  // Message handlers.  bar is the scroll bar control that sent the message,
+  // null for the window's own bars.
+  virtual void OnClose();
+  virtual void OnHScroll(UINT code, UINT pos, CScrollBar* bar);
+  virtual void OnVScroll(UINT code, UINT pos, CScrollBar* bar);
+
 private:
   static LRESULT CALLBACK StaticWindowProc(HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam);
   static LPCWSTR DefaultClassName();
+  LRESULT DispatchScroll(UINT message, WPARAM wParam, LPARAM lParam);
   void Tie(HWND hWnd);
   void Untie();
 

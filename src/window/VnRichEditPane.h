@@ -1,0 +1,105 @@
+// VnRichEditPane.h - a rich edit control seen as a container of numbered
+// lines.
+//
+// The control thinks in characters and selections; this class inserts,
+// deletes, replaces, colours and counts whole lines, tells where the caret
+// stands and which column is at the left edge.  The text and line number
+// panes derive from it.  Every operation that changes the text works through
+// the selection and leaves it where the change left it.
+//
+// Line numbers: InsertBlankLines, InsertDeletedLines, InsertLine, DeleteLine,
+// DeleteLines, ReplaceLine, ColorSelection, SelectLines and GetLineCharFormat
+// take 1-based lines; LineIndex, GetPaneLine, GetCurrentCaret and the line of
+// a CVnPaneSync are 0-based.  A line beyond the end has the line index -1,
+// and the operations then act at the end of the text.
+//
+// The terminator: m_strLineTerminator if it isn't empty, else the parent
+// CVnPaneWnd's, else empty.  The control itself ends a paragraph in one CR
+// whatever terminator went in ("\r" and "\r\n" alike).
+//
+// Windows only.
+#ifndef VN_WINDOW_VNRICHEDITPANE_H
+#define VN_WINDOW_VNRICHEDITPANE_H
+
+#include "afx/win32/CGeometry.h"
+#include "afx/win32/CRichEditCtrl.h"
+
+class CDC;
+class CFont;
+class CScrollBar;
+class CVnDiffArg;
+class CVnDisplayOptions;
+class CVnPaneWnd;
+
+class VN_API CVnRichEditPane : public CRichEditCtrl {
+  DECLARE_DYNCREATE(CVnRichEditPane)
+public:
+  CVnRichEditPane();
+  ~CVnRichEditPane() override;
+
+  // Creates the control and routes its messages through this object, so
+  // that the scroll and close handlers below see them.
+  BOOL Create(DWORD style, const RECT& rect, CWnd* parent, UINT id);
+
+  // The effective terminator (see the file comment).
+  const CString& GetLineTerminator() const;
+  // Character index of a 0-based line's first character, -1 for the
+  // caret's line; -1 when there is no such line.
+  int LineIndex(int line = -1) const;
+
+  // Measuring.
+  int GetVisibleLineCount();
+  // Rows after alignment: the line count, plus the lengths of the Delete
+  // records of first and of the Insert records of second (CVnDiffChange*).
+  int GetTotalLineCount(const CPtrArray& first, const CPtrArray& second);
+  // Width in pixels of text with its tabs expanded, in format's font.
+  int GetFormattedTextLength(const CHARFORMATW& format, LPCWSTR text);
+  int GetMaxLineLength();
+
+  // Changing lines.  The rows-added results count rows the control gained.
+  int InsertBlankLines(int line, int count, int flag, int limit);
+  int InsertDeletedLines(const CVnDiffArg& arg, int source, int count, int line, int noLeadingBreak,
+                         int lastLineBreak, const CHARFORMATW& format);
+  void InsertLine(int line, LPCWSTR text);
+  void DeleteLine(int line);
+  void DeleteLines(int first, int count);
+  void ReplaceLine(int line, LPCWSTR text);
+
+  // Formats.  SetDefaultCharFormat applies to the whole text (SCF_ALL);
+  // ChangeCharFormat changes only the font, quietly and unseen.
+  int SetDefaultCharFormat(CHARFORMATW& format);
+  int ChangeCharFormat(const CHARFORMATW& format);
+  void ColorSelection(int first, int last, const CHARFORMATW& format);
+  void SelectLines(int first, int last);
+  void GetLineCharFormat(int line, CHARFORMATW& format);
+
+  // Reading and positions.
+  int GetPaneLine(int line, CString& text);
+  long CharFromPos(CPoint point);
+  void GetCurrentCaret(long& line, long& column);
+  int GetFirstVisibleChar();
+
+  // Scrolling.
+  void HScroll(int column, CScrollBar* bar);
+  void GoToBeginning();
+
+  CDWordArray m_aPageStart;     // where each printed page starts
+  int m_nFirstVisibleChar;      // the pane's idea of the column at the left edge
+  int m_bHScrollReplay;         // set while HScroll replays scroll messages
+  CString m_strLineTerminator;  // the pane's own terminator; empty: the parent's
+
+protected:
+  void OnClose() override;
+  void OnHScroll(UINT code, UINT pos, CScrollBar* bar) override;
+  void OnVScroll(UINT code, UINT pos, CScrollBar* bar) override;
+
+private:
+  CVnPaneWnd* GetParentPane() const;
+  const CVnDisplayOptions& GetPaneOptions() const;
+  int TextLength() const;
+  void SelectRange(int start, int end);
+  int ParagraphMarkBefore(int lineStart) const;
+  void SelectFormatFont(CDC& dc, CFont& font, const CHARFORMATW& format, HGDIOBJ& old);
+};
+
+#endif  // VN_WINDOW_VNRICHEDITPANE_H

@@ -1,0 +1,133 @@
+// PaneTestSupport.h - real rich edit panes for the window tests: a
+// CVnPaneWnd (or a plain window) with a CVnRichEditPane in it, inside one
+// shown top-level window, and the readings the tests compare: the lines as one string
+// ("a|b||c": rows joined by '|'), a line's colour and strike-out, the
+// selection.
+#ifndef VN_TESTS_WINDOW_WIN32_PANETESTSUPPORT_H
+#define VN_TESTS_WINDOW_WIN32_PANETESTSUPPORT_H
+
+#include "afx/win32/CWnd.h"
+#include "window/VnPaneWnd.h"
+#include "window/VnRichEditPane.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace vn {
+namespace test {
+
+// The style the pane gives its children: no scroll bars of their own.
+constexpr DWORD kPaneChildStyle = WS_CHILD | WS_VISIBLE | ES_MULTILINE | ES_AUTOVSCROLL | ES_AUTOHSCROLL | ES_WANTRETURN;
+
+inline void PumpMessages() {
+  MSG msg;
+  while (::PeekMessageW(&msg, nullptr, 0, 0, PM_REMOVE)) {
+    ::TranslateMessage(&msg);
+    ::DispatchMessageW(&msg);
+  }
+}
+
+// Every row of the control, read through GetPaneLine, joined by '|'.
+inline std::wstring Rows(CVnRichEditPane& edit) {
+  std::wstring rows;
+  int count = edit.GetLineCount();
+  for (int line = 0; line < count; ++line) {
+    CString text;
+    edit.GetPaneLine(line, text);
+    if (line)
+      rows += L'|';
+    rows += text.GetString();
+  }
+  return rows;
+}
+
+// "a|b|c" as the control's text, lines ended by terminator.
+inline std::wstring Text(const std::wstring& rows, const std::wstring& terminator = L"\r\n") {
+  std::wstring text;
+  for (wchar_t c : rows) {
+    if (c == L'|')
+      text += terminator;
+    else
+      text += c;
+  }
+  return text;
+}
+
+struct LineFormat {
+  bool uniformColor;
+  COLORREF color;
+  bool struck;
+};
+
+// The format of a 1-based line, read through GetLineCharFormat.
+inline LineFormat FormatOfLine(CVnRichEditPane& edit, int line) {
+  CHARFORMATW cf = {};
+  edit.GetLineCharFormat(line, cf);
+  return {(cf.dwMask & CFM_COLOR) != 0, cf.crTextColor, (cf.dwEffects & CFE_STRIKEOUT) != 0};
+}
+
+// The format of the characters [start, end).
+inline LineFormat FormatOfRange(CVnRichEditPane& edit, long start, long end) {
+  edit.SetSel(start, end);
+  CHARFORMATW cf = {};
+  edit.GetSelectionCharFormat(cf);
+  return {(cf.dwMask & CFM_COLOR) != 0, cf.crTextColor, (cf.dwEffects & CFE_STRIKEOUT) != 0};
+}
+
+inline CHARFORMATW ColorFormat(COLORREF color, bool strike = false) {
+  CHARFORMATW cf = {};
+  cf.cbSize = sizeof(cf);
+  cf.dwMask = CFM_COLOR | CFM_STRIKEOUT;
+  cf.dwEffects = strike ? CFE_STRIKEOUT : 0;
+  cf.crTextColor = color;
+  return cf;
+}
+
+// The one shown top-level window that every test puts its windows in.  It
+// lives as long as the process: a top-level window that is shown costs
+// seconds to destroy under Wine without a window manager, its children
+// don't.
+inline CWnd& HostWindow() {
+  static CWnd* host = [] {
+    CWnd* wnd = new CWnd;
+    RECT frame = {20, 20, 1220, 760};
+    EXPECT_TRUE(wnd->CreateEx(0, nullptr, L"window tests", WS_POPUP | WS_BORDER | WS_CLIPCHILDREN, frame, nullptr, 0));
+    wnd->ShowWindow(SW_SHOW);
+    ::SetForegroundWindow(*wnd);
+    return wnd;
+  }();
+  return *host;
+}
+
+// A CVnPaneWnd (or a plain window) in the host window, with a pane inside.
+class PaneWindows {
+public:
+  explicit PaneWindows(bool insidePane = true, int width = 520, int height = 300) {
+    RECT inner = {0, 0, width, height};
+    CWnd& parent = insidePane ? static_cast<CWnd&>(m_pane) : m_plain;
+    EXPECT_TRUE(parent.CreateEx(0, nullptr, L"", WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN, inner, &HostWindow(), 1));
+    EXPECT_TRUE(m_edit.Create(kPaneChildStyle, inner, &parent, 2));
+    PumpMessages();
+  }
+
+  CVnRichEditPane& Edit() { return m_edit; }
+  CVnPaneWnd& Pane() { return m_pane; }
+
+  // Fills the control, lines ended by CR LF, in the pane's default format.
+  void Fill(const std::wstring& rows) {
+    m_edit.SetWindowText(Text(rows).c_str());
+    CHARFORMATW cf = m_pane.GetDefaultCharFormat();
+    m_edit.SetDefaultCharFormat(cf);
+  }
+
+private:
+  CVnPaneWnd m_pane;
+  CWnd m_plain;
+  CVnRichEditPane m_edit;
+};
+
+}  // namespace test
+}  // namespace vn
+
+#endif  // VN_TESTS_WINDOW_WIN32_PANETESTSUPPORT_H
