@@ -1,0 +1,273 @@
+// VnProcessWin32Test.cpp - RunApp with a real second process, shell execute
+// failures, the system's identity, and help by module through the
+// application object.
+#include "foundation/VnProcess.h"
+
+#include "afx/win32/CWinApp.h"
+#include "afx/win32/CWnd.h"
+#include "foundation/VnException.h"
+
+#include "VnProcessHelperExe.h"
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <functional>
+#include <thread>
+#include <string>
+#include <vector>
+
+namespace {
+
+using vn::test::HelperCommand;
+
+// An application object that records what is asked of it.
+class RecordingApp : public CWinApp {
+public:
+  struct HelpCall {
+    std::string path;
+    DWORD_PTR data;
+    UINT command;
+  };
+  void WinHelp(DWORD_PTR data, UINT command) override {
+    m_calls.push_back({m_pszHelpFilePath ? VnToUtf8(m_pszHelpFilePath) : "<null>", data, command});
+  }
+  std::vector<HelpCall> m_calls;
+};
+
+// The system error code a call throws as CVnOSException; -1 when it throws
+// nothing, -2 when it throws something else.
+long long ThrownCode(const std::function<void()>& call) {
+  try {
+    call();
+  } catch (CException* e) {
+    long long code = -2;
+    if (e->IsKindOf(RUNTIME_CLASS(CVnOSException)))
+      code = static_cast<CVnOSException*>(e)->GetError();
+    e->Delete();
+    return code;
+  }
+  return -1;
+}
+
+TEST(VnProcessWin32Test, RunAppWaitsAndGivesTheExitCode) {
+  ASSERT_TRUE(vn::test::HelperExists());
+  struct Row {
+    const char* args;
+    int show;
+    long code;
+  } rows[] = {{"exit 0", 0, 0}, {"exit 7", 0, 7}, {"exit 7", 1, 7}, {"sleep 300 42", 0, 42}, {"exit 3000000", 0, 3000000}};
+  for (const Row& r : rows)
+    EXPECT_EQ(r.code, RunApp(HelperCommand() + _T(" ") + VnFromUtf8(r.args), r.show, 1, 0, 0)) << r.args;
+}
+
+TEST(VnProcessWin32Test, RunAppWithoutWaitingSeesARunningProgram) {
+  // Not windowed, not waiting: the exit code is read at once, and the helper
+  // is still asleep.
+  EXPECT_EQ(static_cast<long>(STILL_ACTIVE), RunApp(HelperCommand() + _T(" sleep 1500 5"), 0, 0, 0, 0));
+  // Windowed and not waiting: the code is never read.
+  EXPECT_EQ(0, RunApp(HelperCommand() + _T(" sleep 1500 5"), 0, 0, 1, 0));
+}
+
+TEST(VnProcessWin32Test, MissingProgramThrowsTheSystemsCode) {
+  EXPECT_EQ(ERROR_FILE_NOT_FOUND,
+            ThrownCode([] { RunApp(_T("\"C:\\no\\such\\program-vn.exe\" x"), 0, 1, 0, 0); }));
+}
+
+TEST(VnProcessWin32Test, WaitCursorIsBalancedAfterSuccessAndFailure) {
+  RecordingApp app;
+  EXPECT_EQ(4, RunApp(HelperCommand() + _T(" exit 4"), 0, 1, 0, 0));
+  EXPECT_EQ(0, app.GetWaitCursorCount());
+  EXPECT_EQ(ERROR_FILE_NOT_FOUND, ThrownCode([] { RunApp(_T("no-such-program-vn.exe"), 0, 1, 0, 0); }));
+  EXPECT_EQ(0, app.GetWaitCursorCount());
+}
+
+// A window of this thread that counts its paints.
+struct PaintCounter {
+  static LRESULT CALLBACK Proc(HWND wnd, UINT msg, WPARAM wp, LPARAM lp) {
+    if (msg == WM_PAINT) {
+      ++s_paints;
+      PAINTSTRUCT ps;
+      BeginPaint(wnd, &ps);
+      EndPaint(wnd, &ps);
+      return 0;
+    }
+    return DefWindowProcW(wnd, msg, wp, lp);
+  }
+  static int s_paints;
+};
+int PaintCounter::s_paints = 0;
+
+TEST(VnProcessWin32Test, WindowedWaitKeepsThisThreadsWindowsPainting) {
+  WNDCLASSW wc = {};
+  wc.lpfnWndProc = PaintCounter::Proc;
+  wc.hInstance = GetModuleHandleW(nullptr);
+  wc.lpszClassName = L"VnPaintCounter";
+  RegisterClassW(&wc);
+  HWND wnd = CreateWindowExW(0, wc.lpszClassName, L"paints", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 200, 100,
+                             nullptr, nullptr, wc.hInstance, nullptr);
+  ASSERT_NE(nullptr, wnd);
+  UpdateWindow(wnd);
+  PaintCounter::s_paints = 0;
+
+  RecordingApp app;
+  // The helper invalidates this window from its own process, then lingers:
+  // only a wait that handles messages paints it before the helper ends.
+  CString args;
+  args.Format(_T(" paint %I64d 800 9"), static_cast<long long>(reinterpret_cast<INT_PTR>(wnd)));
+  EXPECT_EQ(9, RunApp(HelperCommand() + args, 0, 1, 1, 0));
+  EXPECT_GE(PaintCounter::s_paints, 1);
+  EXPECT_EQ(0, app.GetWaitCursorCount());
+  DestroyWindow(wnd);
+}
+
+TEST(VnProcessWin32Test, WaitUntilIdleSucceedsForAWindowedProgram) {
+  ASSERT_TRUE(vn::test::HelperExists(true));
+  RecordingApp app;
+  EXPECT_EQ(6, RunApp(HelperCommand(true) + _T(" window 500 6"), 0, 1, 1, 1));
+  EXPECT_EQ(0, app.GetWaitCursorCount());
+}
+
+// Only the windowed flag with the idle flag reaches the idle wait, and a
+// program without a message queue fails it.
+TEST(VnProcessWin32Test, WaitUntilIdleFailsForAProgramWithoutAMessageQueue) {
+  RecordingApp app;
+  EXPECT_NE(-1, ThrownCode([] { RunApp(HelperCommand() + _T(" sleep 300 0"), 0, 1, 1, 1); }));
+  EXPECT_EQ(0, app.GetWaitCursorCount());
+  EXPECT_EQ(-1, ThrownCode([] { RunApp(HelperCommand() + _T(" sleep 300 0"), 0, 1, 0, 1); }))
+      << "the idle flag alone waits for nothing";
+}
+
+// The shell tells the user about a failure in a box of its own (no flag asks
+// it not to).  This closes such boxes of this process from another thread and
+// counts them, so the calls return.
+class ShellBoxCloser {
+public:
+  ShellBoxCloser() : m_thread(std::thread([this] { Run(); })) {}
+  ~ShellBoxCloser() {
+    m_stop = true;
+    m_thread.join();
+  }
+  int Closed() const { return m_closed; }
+
+private:
+  static BOOL CALLBACK CloseBox(HWND wnd, LPARAM self) {
+    DWORD pid = 0;
+    GetWindowThreadProcessId(wnd, &pid);
+    WCHAR cls[16] = {};
+    GetClassNameW(wnd, cls, 16);
+    if (pid == GetCurrentProcessId() && IsWindowVisible(wnd) && std::wstring(cls) == L"#32770") {
+      PostMessageW(wnd, WM_COMMAND, IDOK, 0);
+      ++reinterpret_cast<ShellBoxCloser*>(self)->m_closed;
+    }
+    return TRUE;
+  }
+  void Run() {
+    while (!m_stop) {
+      EnumWindows(CloseBox, reinterpret_cast<LPARAM>(this));
+      Sleep(50);
+    }
+  }
+  std::atomic<bool> m_stop{false};
+  std::atomic<int> m_closed{0};
+  std::thread m_thread;
+};
+
+TEST(VnProcessWin32Test, ShellExecuteOfAMissingFileThrowsFileNotFound) {
+  ShellBoxCloser closer;
+  EXPECT_EQ(ERROR_FILE_NOT_FOUND, ThrownCode([] { OpenFileAssociation(_T("C:\\no\\such\\file-vn.txt")); }));
+  EXPECT_EQ(ERROR_FILE_NOT_FOUND,
+            ThrownCode([] { PrintFileAssociation(_T("C:\\no\\such\\file-vn.txt"), CString()); }));
+}
+
+TEST(VnProcessWin32Test, SystemIdentityAgreesWithTheVersionRecord) {
+  OSVERSIONINFOW v = {};
+  v.dwOSVersionInfoSize = sizeof v;
+  ASSERT_TRUE(GetVersionExW(&v));
+  EXPECT_EQ(VnIsWin2KVersion(v.dwPlatformId, v.dwMajorVersion), IsWin2K());
+  EXPECT_EQ(v.dwPlatformId == VER_PLATFORM_WIN32_NT ? 1 : 0, IsWinNT());
+  EXPECT_EQ(v.dwPlatformId == VER_PLATFORM_WIN32_WINDOWS ? 1 : 0, IsWin95());
+  EXPECT_EQ(VnToUtf8(VnDescribeOS(v.dwPlatformId, v.dwMajorVersion, v.dwMinorVersion)),
+            VnToUtf8(ResolveOSDescription()));
+
+  WCHAR computer[MAX_COMPUTERNAME_LENGTH + 1] = {};
+  DWORD size = MAX_COMPUTERNAME_LENGTH + 1;
+  ASSERT_TRUE(GetComputerNameW(computer, &size));
+  EXPECT_EQ(VnToUtf8(computer), VnToUtf8(GetThisComputerName()));
+  EXPECT_FALSE(GetThisUserName().IsEmpty());
+  EXPECT_LE(GetThisComputerName().GetLength(), 15);
+}
+
+TEST(VnProcessWin32Test, LocalHelpAsksTheFileBesideTheModuleAndRestoresThePath) {
+  RecordingApp app;
+  app.SetHelpFilePath(_T("C:\\app\\own.hlp"));
+  LPCWSTR own = app.m_pszHelpFilePath;
+
+  LocalContextHelp(GetModuleHandleW(nullptr), 0, HELP_CONTEXT);
+  EXPECT_TRUE(app.m_calls.empty()) << "help ID 0 asks nothing";
+
+  LocalContextHelp(GetModuleHandleW(nullptr), 4711, HELP_CONTEXTPOPUP);
+  ASSERT_EQ(1u, app.m_calls.size());
+  WCHAR self[MAX_PATH] = {};
+  GetModuleFileNameW(nullptr, self, MAX_PATH);
+  EXPECT_EQ(VnToUtf8(VnHelpFileFor(self)), app.m_calls[0].path);
+  EXPECT_NE(std::string::npos, app.m_calls[0].path.find("foundation_tests.hlp"));
+  EXPECT_EQ(4711u, app.m_calls[0].data);
+  EXPECT_EQ(static_cast<UINT>(HELP_CONTEXTPOPUP), app.m_calls[0].command);
+  EXPECT_EQ(own, app.m_pszHelpFilePath) << "the application's own help path is back";
+}
+
+// A disabled control is not found by WindowFromPoint, which gives its parent;
+// the parent has no help ID, so the point is converted to the parent's client
+// coordinates and the control is found there.
+TEST(VnProcessWin32Test, LocalHelpAtAPointTakesTheControlsHelpId) {
+  RecordingApp app;
+  WNDCLASSW wc = {};
+  wc.lpfnWndProc = DefWindowProcW;
+  wc.hInstance = GetModuleHandleW(nullptr);
+  wc.lpszClassName = L"VnHelpParent";
+  RegisterClassW(&wc);
+  HWND parent = CreateWindowExW(WS_EX_TOPMOST, wc.lpszClassName, L"parent", WS_POPUP | WS_VISIBLE, 100, 100, 300,
+                                200, nullptr, nullptr, wc.hInstance, nullptr);
+  ASSERT_NE(nullptr, parent);
+  HWND enabled = CreateWindowExW(0, L"BUTTON", L"on", WS_CHILD | WS_VISIBLE, 10, 10, 100, 40, parent, nullptr,
+                                 wc.hInstance, nullptr);
+  HWND disabled = CreateWindowExW(0, L"BUTTON", L"off", WS_CHILD | WS_VISIBLE | WS_DISABLED, 10, 100, 100, 40,
+                                  parent, nullptr, wc.hInstance, nullptr);
+  ASSERT_TRUE(enabled && disabled);
+  SetWindowContextHelpId(enabled, 321);
+  SetWindowContextHelpId(disabled, 555);
+  UpdateWindow(parent);
+  CWnd* none = nullptr;
+
+  struct Row {
+    POINT client;
+    bool withWindow;
+    std::vector<DWORD_PTR> asked;
+  } rows[] = {
+      {{30, 30}, false, {321}},  // the control under the point has its own ID
+      {{30, 120}, true, {555}},  // disabled: found through the parent
+      {{30, 120}, false, {}},    // no window to convert against: ID 0
+      {{250, 60}, true, {}},     // the parent's bare client area: ID 0
+  };
+  for (const Row& r : rows) {
+    app.m_calls.clear();
+    POINT pt = r.client;
+    ClientToScreen(parent, &pt);
+    CWnd wrapper;
+    wrapper.Attach(parent);
+    LocalContextHelp(r.withWindow ? &wrapper : none, GetModuleHandleW(nullptr), pt, HELP_CONTEXTPOPUP);
+    wrapper.Detach();
+    std::vector<DWORD_PTR> asked;
+    for (const RecordingApp::HelpCall& c : app.m_calls)
+      asked.push_back(c.data);
+    EXPECT_EQ(r.asked, asked) << r.client.x << "," << r.client.y;
+    if (r.withWindow && r.client.y == 120) {
+      EXPECT_EQ(r.client.x, pt.x) << "the caller's point is now in client coordinates";
+      EXPECT_EQ(r.client.y, pt.y);
+    }
+  }
+  DestroyWindow(parent);
+}
+
+}  // namespace
