@@ -1,0 +1,345 @@
+// VndiffEndToEndTest.cpp - vndiff as users run it: output, exit status, deltas.
+//
+// Each test writes files into a fresh directory, runs the built program
+// through the shell and looks at exactly what it printed and left behind.
+// GNU patch checks that normal and unified output rebuild the target.
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <fstream>
+#include <random>
+#include <sstream>
+#include <string>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace {
+
+struct Outcome {
+  int status;
+  std::string out;
+  std::string err;
+};
+
+class VndiffTest : public ::testing::Test {
+protected:
+  void SetUp() override {
+    char pattern[] = "/tmp/vndiff-test-XXXXXX";
+    ASSERT_NE(nullptr, mkdtemp(pattern));
+    m_dir = pattern;
+  }
+  void TearDown() override { system(("rm -rf '" + m_dir + "'").c_str()); }
+
+  std::string Path(const std::string& name) const { return m_dir + "/" + name; }
+
+  void Write(const std::string& name, const std::string& bytes) const {
+    std::ofstream(Path(name), std::ios::binary) << bytes;
+  }
+
+  std::string Read(const std::string& name) const {
+    std::ifstream in(Path(name), std::ios::binary);
+    std::stringstream s;
+    s << in.rdbuf();
+    return s.str();
+  }
+
+  bool Exists(const std::string& name) const {
+    struct stat st;
+    return stat(Path(name).c_str(), &st) == 0;
+  }
+
+  // Runs vndiff with `args` (a shell word list) from inside the directory.
+  Outcome Vndiff(const std::string& args, const std::string& input = "") const {
+    const std::string cmd = "cd '" + m_dir + "' && " + std::string(VNDIFF_PATH) + " " + args +
+                            " > .out 2> .err < " + (input.empty() ? std::string("/dev/null") : input);
+    const int raw = system(cmd.c_str());
+    Outcome r;
+    r.status = WIFEXITED(raw) ? WEXITSTATUS(raw) : -1;
+    r.out = Read(".out");
+    r.err = Read(".err");
+    return r;
+  }
+
+  static bool HavePatch() { return system("patch --version > /dev/null 2>&1") == 0; }
+
+  std::string m_dir;
+};
+
+//===-- Formats and exit status --------------------------------------------===//
+
+TEST_F(VndiffTest, EachFormatPrintsTheRecords) {
+  Write("a", "one\ntwo\nthree\nfour\n");
+  Write("b", "one\n2\nthree\nfour\nfive");
+  const struct {
+    const char* args;
+    const char* out;
+  } cases[] = {
+      {"a b", "2c2\n< two\n---\n> 2\n4a5\n> five\n\\ No newline at end of file\n"},
+      {"--format=records a b", "Change 2 2 2 2\nInsert 0 0 5 5\n"},
+      {"-U0 a b", "@@ -2 +2 @@\n-two\n+2\n@@ -4,0 +5 @@\n+five\n\\ No newline at end of file\n"},
+      {"-u a b", "@@ -1,4 +1,5 @@\n one\n-two\n+2\n three\n four\n+five\n\\ No newline at end of file\n"},
+      {"-y -W 40 --color=never a b", "     1 one                1 one\n     2 two         |      2 2\n"
+                                     "     3 three              3 three\n     4 four               4 four\n"
+                                     "                   >      5 five\n"},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.args);
+    Outcome r = Vndiff(c.args);
+    EXPECT_EQ(1, r.status);
+    std::string out = r.out;
+    if (out.compare(0, 4, "--- ") == 0) {  // labels carry times; check their form, then the hunks
+      EXPECT_EQ(0u, out.find("--- a\t"));
+      EXPECT_NE(std::string::npos, out.find("\n+++ b\t"));
+      out = out.substr(out.find("\n@@") + 1);
+    }
+    EXPECT_EQ(c.out, out);
+    EXPECT_EQ("", r.err);
+  }
+}
+
+TEST_F(VndiffTest, ColourOnlyWhenAsked) {
+  Write("a", "x\n");
+  Write("b", "y\n");
+  EXPECT_NE(std::string::npos, Vndiff("-y --color=always a b").out.find("\x1b[33m"));
+  EXPECT_EQ(std::string::npos, Vndiff("-y a b").out.find("\x1b["));  // stdout is no terminal
+}
+
+TEST_F(VndiffTest, ExitStatusSaysSameDifferentOrTrouble) {
+  Write("a", "same\n");
+  Write("b", "same\n");
+  Write("c", "other\n");
+  Write("crlf", "same\r\n");
+  Write("empty1", "");
+  Write("empty2", "");
+  Write("spaced", "s a m e\n");
+  Write("upper", "SAME\n");
+  const struct {
+    const char* args;
+    int status;
+  } cases[] = {
+      {"a b", 0},          {"a c", 1},           {"empty1 empty2", 0},   {"a crlf", 0},
+      {"--raw a crlf", 1}, {"a spaced", 1},      {"-w a spaced", 0},     {"--ignore-whitespace a spaced", 0},
+      {"a upper", 1},      {"-i a upper", 0},    {"-wi spaced upper", 0}, {"--ignore-line-ends --raw a crlf", 0},
+      {"a", 2},            {"a b c", 2},         {"--bogus a b", 2},     {"--format=fancy a b", 2},
+      {"-U x a b", 2},     {"--encoding=nonesuch a b", 2},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.args);
+    Outcome r = Vndiff(c.args);
+    EXPECT_EQ(c.status, r.status);
+    EXPECT_EQ(c.status == 2, !r.err.empty()) << r.err;
+    EXPECT_EQ(c.status != 1, r.out.empty());
+  }
+}
+
+TEST_F(VndiffTest, TroubleNamesTheFileAndTheReason) {
+  Write("a", "x\n");
+  Outcome r = Vndiff("a gone");
+  EXPECT_EQ(2, r.status);
+  EXPECT_EQ("vndiff: Cannot open file gone. The system cannot find the file specified.\n", r.err);
+  EXPECT_EQ("", r.out);
+  mkdir(Path("dir").c_str(), 0755);
+  r = Vndiff("a dir");
+  EXPECT_EQ(2, r.status);
+  EXPECT_EQ("vndiff: dir: is a directory\n", r.err);
+}
+
+TEST_F(VndiffTest, RefusesFilesOf4GiBInsteadOfReadingThemShort) {
+  Write("a", "x\n");
+  ASSERT_EQ(0, truncate(Path("a").c_str(), 0));
+  Write("small", "x\n");
+  Write("huge", "");
+  ASSERT_EQ(0, truncate(Path("huge").c_str(), (1LL << 32) + 2));  // sparse: costs no disk
+  for (const char* args : {"small huge", "--raw small huge", "--info huge"}) {
+    SCOPED_TRACE(args);
+    Outcome r = Vndiff(args);
+    EXPECT_EQ(2, r.status);
+    EXPECT_NE(std::string::npos, r.err.find("huge: file of 4 GiB or more")) << r.err;
+  }
+}
+
+TEST_F(VndiffTest, HelpAndVersion) {
+  Outcome help = Vndiff("--help");
+  EXPECT_EQ(0, help.status);
+  EXPECT_EQ(0u, help.out.find("Usage: vndiff [OPTION]... SOURCE TARGET\n"));
+  Outcome version = Vndiff("--version");
+  EXPECT_EQ(0, version.status);
+  EXPECT_EQ(0u, version.out.find("vndiff (Vn Reconcile) "));
+}
+
+//===-- Encodings and binary files -----------------------------------------===//
+
+std::string Utf16Le(const std::string& ascii, bool mark) {
+  std::string out = mark ? "\xFF\xFE" : "";
+  for (char c : ascii) {
+    out += c;
+    out += '\0';
+  }
+  return out;
+}
+
+TEST_F(VndiffTest, DecodesEncodingsBeforeComparing) {
+  Write("utf8", "caf\xC3\xA9\nline\n");
+  Write("utf8bom", "\xEF\xBB\xBF" "caf\xC3\xA9\nline\n");
+  Write("latin1", "caf\xE9\nline\n");
+  Write("utf16", Utf16Le("caf", true) + std::string("\xE9\0", 2) + Utf16Le("\nline\n", false));
+  Write("utf16bare", Utf16Le("caf", false) + std::string("\xE9\0", 2) + Utf16Le("\nline\n", false));
+  const struct {
+    const char* args;
+    int status;
+  } cases[] = {
+      {"utf8 utf8bom", 0},
+      {"utf8 utf16", 0},
+      {"--source-encoding=1252 latin1 utf8", 0},
+      {"--source-encoding=latin1 latin1 utf16", 0},
+      {"--source-encoding=utf-16le utf16bare utf8", 0},
+      {"--encoding=utf-8 utf8 utf8bom", 0},
+      {"--raw utf8 utf8bom", 1},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.args);
+    Outcome r = Vndiff(c.args);
+    EXPECT_EQ(c.status, r.status) << r.out << r.err;
+  }
+  // The decoded text prints as UTF-8 whatever the file's encoding.
+  Write("utf16b", Utf16Le("caf", true) + std::string("\xE9\0", 2) + Utf16Le("\nLINE\n", false));
+  EXPECT_EQ("2c2\n< line\n---\n> LINE\n", Vndiff("utf16 utf16b").out);
+}
+
+TEST_F(VndiffTest, BinaryQuestionFollowsTheFlag) {
+  Write("text", "a\nb\n");
+  Write("bin", std::string("a\nb\0c\n", 6));
+  Outcome declined = Vndiff("text bin");  // no terminal: the answer is no
+  EXPECT_EQ(2, declined.status);
+  EXPECT_EQ("vndiff: bin: binary file not compared (--binary=yes compares it)\n", declined.err);
+  EXPECT_EQ(2, Vndiff("--binary=no text bin").status);
+  Outcome accepted = Vndiff("--binary=yes text bin");
+  EXPECT_EQ(1, accepted.status);
+  // NUL shows as a space, and the marker takes the place of the last byte
+  // (the final LF), so the binary side ends without a line end.
+  EXPECT_EQ("2c2\n< b\n---\n> b c\x01\n\\ No newline at end of file\n", accepted.out);
+}
+
+TEST_F(VndiffTest, InfoDescribesEachFile) {
+  Write("utf16", Utf16Le("a\nb\nc", true));
+  Write("latin1", "caf\xE9\n");
+  Write("bin", std::string("\0", 1));
+  Outcome r = Vndiff("--info utf16 bin");
+  EXPECT_EQ(0, r.status);
+  EXPECT_EQ("utf16\n  type:            Unicode\n  encoding:        UTF-16 (Little Endian)\n"
+            "  code page:       70001\n  byte order mark: yes\n  lines:           3\n"
+            "bin\n  type:            binary\n  encoding:        binary\n"
+            "  code page:       65001\n  byte order mark: no\n  lines:           1\n",
+            r.out);
+  r = Vndiff("--encoding=1252 --info latin1");
+  EXPECT_NE(std::string::npos, r.out.find("encoding:        1252  (ANSI - Latin I)\n"));
+  r = Vndiff("--info latin1 missing");
+  EXPECT_EQ(2, r.status);
+  EXPECT_NE(std::string::npos, r.out.find("latin1\n"));
+}
+
+//===-- Patches and deltas on random pairs ---------------------------------===//
+
+// Small texts over a few lines, so that random pairs share much and differ
+// some; the line end, the final line end and (in raw mode) bytes vary.
+std::string RandomText(std::mt19937& rng, bool rawBytes, const std::string& eol) {
+  static const char* const kLines[] = {"a", "b", "c", "", "int x;", "\tq", "caf\xC3\xA9"};
+  static const char* const kRawLines[] = {"a", "b", "\r", "", "x\ry", "\xFF", "z\r"};
+  std::uniform_int_distribution<int> count(0, 14), pick(0, 6), coin(0, 3);
+  std::string text;
+  const int n = count(rng);
+  for (int i = 0; i < n; ++i) {
+    text += rawBytes ? kRawLines[pick(rng)] : kLines[pick(rng)];
+    text += rawBytes && coin(rng) == 0 ? "\r\n" : eol;
+  }
+  if (!text.empty() && coin(rng) == 0)
+    text.resize(text.size() - (text.back() == '\n' && text.size() > 1 && text[text.size() - 2] == '\r' ? 2 : 1));
+  return text;
+}
+
+TEST_F(VndiffTest, PatchMadeFromTheOutputRebuildsTheTarget) {
+  if (!HavePatch())
+    GTEST_SKIP() << "GNU patch is not installed";
+  std::mt19937 rng(7);
+  for (int i = 0; i < 60; ++i) {
+    const bool raw = i % 2 == 1;
+    const std::string eol = i % 3 == 0 ? "\r\n" : "\n";
+    Write("s", RandomText(rng, raw, eol));
+    Write("t", RandomText(rng, raw, eol));
+    for (const char* format : {"", "-u", "-U1"}) {
+      SCOPED_TRACE(std::to_string(i) + (raw ? " raw " : " decoded ") + format);
+      Outcome r = Vndiff(std::string(raw ? "--raw " : "") + format + " s t");
+      ASSERT_NE(2, r.status) << r.err;
+      Write("p", r.out);
+      const std::string patch = "cd '" + m_dir + "' && patch -s -o rebuilt s p > /dev/null 2>&1";
+      if (r.status == 1)
+        ASSERT_EQ(0, system(patch.c_str()));
+      else
+        Write("rebuilt", Read("s"));
+      EXPECT_EQ(Read("t"), Read("rebuilt"));
+    }
+  }
+}
+
+TEST_F(VndiffTest, DeltaRoundTripIsByteIdentical) {
+  std::mt19937 rng(11);
+  for (int i = 0; i < 80; ++i) {
+    SCOPED_TRACE(i);
+    Write("s", RandomText(rng, true, "\n"));
+    Write("t", RandomText(rng, true, i % 2 ? "\n" : "\r\n"));
+    system(("rm -rf '" + Path("d") + "' '" + Path("out") + "'").c_str());
+    Outcome saved = Vndiff("--raw --format=records --save-delta d s t");
+    ASSERT_NE(2, saved.status) << saved.err;
+    EXPECT_EQ(0u, Read("d/records").size() % 20);
+    Outcome applied = Vndiff("--apply-delta d s -o out");
+    ASSERT_EQ(0, applied.status) << applied.err;
+    EXPECT_EQ(Read("t"), Read("out"));
+  }
+}
+
+std::string Record(int action, int s0, int e0, int s1, int e1) {
+  std::string out;
+  for (int v : {action, s0, e0, s1, e1})
+    for (int b = 0; b < 4; ++b)
+      out += static_cast<char>((static_cast<unsigned>(v) >> (8 * b)) & 0xFF);
+  return out;
+}
+
+TEST_F(VndiffTest, DamagedDeltaIsRefusedAndLeavesNoOutput) {
+  Write("s", "a\nb\nc\n");
+  mkdir(Path("d").c_str(), 0755);
+  const struct {
+    const char* name;
+    std::string records;
+    std::string text;
+    const char* why;
+  } cases[] = {
+      {"size", Record(3, 2, 2, 2, 2) + "xyz", "x\n", "not a multiple of 20"},
+      {"action", Record(5, 2, 2, 2, 2), "x\n", "unknown action"},
+      {"outside", Record(2, 3, 9, 0, 0), "", "deletion inside the source"},
+      {"descending", Record(2, 3, 3, 0, 0) + Record(2, 1, 1, 0, 0), "", "ascending deletion"},
+      {"short text", Record(1, 0, 0, 2, 4), "x\n", "the records need 3"},
+      {"uneven change", Record(3, 1, 1, 1, 2), "x\ny\n", "ascending change"},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.name);
+    Write("d/records", c.records);
+    Write("d/text", c.text);
+    Write("out", "earlier");
+    Outcome r = Vndiff("--apply-delta d s -o out");
+    EXPECT_EQ(2, r.status);
+    EXPECT_NE(std::string::npos, r.err.find("d: damaged delta: ")) << r.err;
+    EXPECT_NE(std::string::npos, r.err.find(c.why)) << r.err;
+    EXPECT_EQ("earlier", Read("out"));  // untouched
+    EXPECT_FALSE(Exists("out.vndiff-partial"));
+  }
+  Write("d/records", Record(3, 2, 2, 2, 2));
+  Write("d/text", "B\n");
+  system(("rm -f '" + Path("out") + "'").c_str());
+  EXPECT_EQ(0, Vndiff("--apply-delta d s -o out").status);
+  EXPECT_EQ("a\nB\nc\n", Read("out"));
+}
+
+}  // namespace
