@@ -23,6 +23,8 @@ VN_API CString VnHelpFileFor(const CString& moduleName);
 
 #ifdef _WIN32
 
+#include "afx/win32/CGeometry.h"
+
 class CWnd;
 
 // Starts cmdLine (the whole command line; no handles inherited; the caller's
@@ -56,7 +58,7 @@ VN_API CString GetThisUserName();
 VN_API void LocalContextHelp(HINSTANCE module, unsigned long helpId, UINT command);
 // Help for the control under point (screen coordinates; converted in place to
 // wnd's client coordinates when the window there has no help ID of its own).
-VN_API void LocalContextHelp(CWnd* wnd, HINSTANCE module, POINT& point, UINT command);
+VN_API void LocalContextHelp(CWnd* wnd, HINSTANCE module, CPoint& point, UINT command);
 
 #endif  // _WIN32
 

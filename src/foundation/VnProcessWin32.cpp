@@ -247,7 +247,7 @@ void LocalContextHelp(HINSTANCE module, unsigned long helpId, UINT command) {
   app->WinHelp(helpId, command);
 }
 
-void LocalContextHelp(CWnd* wnd, HINSTANCE module, POINT& point, UINT command) {
+void LocalContextHelp(CWnd* wnd, HINSTANCE module, CPoint& point, UINT command) {
   HWND hit = WindowFromPoint(point);
   if (!hit)
     return;

@@ -252,7 +252,7 @@ TEST(VnProcessWin32Test, LocalHelpAtAPointTakesTheControlsHelpId) {
   };
   for (const Row& r : rows) {
     app.m_calls.clear();
-    POINT pt = r.client;
+    CPoint pt(r.client);
     ClientToScreen(parent, &pt);
     CWnd wrapper;
     wrapper.Attach(parent);
