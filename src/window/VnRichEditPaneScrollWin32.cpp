@@ -12,11 +12,17 @@
 #include "afx/win32/CScrollBar.h"
 
 // Left edge, then one column at a time to the right: the control moves to a
-// column by its own messages only.
+// column by its own messages only.  Some builds of the control take SB_LEFT
+// to the top left corner; the first visible line is put back, as a
+// sideways move must leave it.
 void CVnRichEditPane::HScroll(int column, CScrollBar* bar) {
   LPARAM barWnd = reinterpret_cast<LPARAM>(bar ? bar->m_hWnd : nullptr);
+  int top = GetFirstVisibleLine();
   m_bHScrollReplay = 1;
   SendMessage(WM_HSCROLL, MAKEWPARAM(SB_LEFT, 0), barWnd);
+  int moved = GetFirstVisibleLine() - top;
+  if (moved != 0)
+    LineScroll(-moved);
   for (int k = 0; k < column; ++k)
     SendMessage(WM_HSCROLL, MAKEWPARAM(SB_LINERIGHT, 0), barWnd);
   m_nFirstVisibleChar = column;
@@ -68,9 +74,11 @@ void CVnRichEditPane::OnVScroll(UINT code, UINT pos, CScrollBar* bar) {
   CRichEditCtrl::OnVScroll(code, pos, bar);
 }
 
+// Sideways by the length of the caret's line, asked through the line's start:
+// not every control answers EM_LINELENGTH for -1 with the caret's line.
 void CVnRichEditPane::GoToBeginning() {
   LineScroll(-GetFirstVisibleLine());
-  LineScroll(0, -LineLength(-1));
+  LineScroll(0, -LineLength(LineIndex(-1)));
 }
 
 // A pane never closes itself: the request goes up to the windows above.

@@ -84,6 +84,47 @@ inline CHARFORMATW ColorFormat(COLORREF color, bool strike = false) {
   return cf;
 }
 
+// A face that the system draws in fixed pitch, for measurements by
+// character widths: the default face if it is installed, else one of the
+// faces metric-compatible with it.
+inline const wchar_t* FixedPitchFace() {
+  static const wchar_t* face = [] {
+    static const wchar_t* const kFaces[] = {L"Courier New", L"Liberation Mono", L"DejaVu Sans Mono"};
+    HDC dc = ::GetDC(nullptr);
+    const wchar_t* found = kFaces[0];
+    for (const wchar_t* candidate : kFaces) {
+      LOGFONTW lf = {};
+      lf.lfHeight = -12;
+      ::lstrcpynW(lf.lfFaceName, candidate, LF_FACESIZE);
+      HFONT font = ::CreateFontIndirectW(&lf);
+      HGDIOBJ old = ::SelectObject(dc, font);
+      wchar_t given[LF_FACESIZE] = {};
+      ::GetTextFaceW(dc, LF_FACESIZE, given);
+      TEXTMETRICW tm = {};
+      ::GetTextMetricsW(dc, &tm);
+      ::SelectObject(dc, old);
+      ::DeleteObject(font);
+      // TMPF_FIXED_PITCH set means variable pitch.
+      if (::lstrcmpiW(given, candidate) == 0 && !(tm.tmPitchAndFamily & TMPF_FIXED_PITCH)) {
+        found = candidate;
+        break;
+      }
+    }
+    ::ReleaseDC(nullptr, dc);
+    return found;
+  }();
+  return face;
+}
+
+// The default display options in a fixed-pitch face.
+inline CVnDisplayOptions FixedPitchOptions() {
+  CVnDisplayOptions options;
+  CHARFORMATW cf = options.GetCharFormat();
+  ::lstrcpynW(cf.szFaceName, FixedPitchFace(), LF_FACESIZE);
+  options.SetCharFormat(cf);
+  return options;
+}
+
 // The one shown top-level window that every test puts its windows in.  It
 // lives as long as the process: a top-level window that is shown costs
 // seconds to destroy under Wine without a window manager, its children
@@ -108,6 +149,7 @@ public:
     CWnd& parent = insidePane ? static_cast<CWnd&>(m_pane) : m_plain;
     EXPECT_TRUE(parent.CreateEx(0, nullptr, L"", WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN, inner, &HostWindow(), 1));
     EXPECT_TRUE(m_edit.Create(kPaneChildStyle, inner, &parent, 2));
+    m_pane.SetDisplayOptions(FixedPitchOptions());
     PumpMessages();
   }
 

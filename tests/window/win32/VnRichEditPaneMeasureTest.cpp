@@ -1,0 +1,204 @@
+// VnRichEditPaneMeasureTest.cpp - what a rich edit pane measures and reads
+// of positions, checked against the real control: rows that fit, rows after
+// alignment, widths of text, the character at a point, the caret, the
+// column at the left edge.
+#include "PaneTestSupport.h"
+
+#include "engine/VnDiffChange.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+using vn::test::PaneWindows;
+
+namespace {
+
+CHARFORMATW FontFormat(LONG twips, const wchar_t* face = vn::test::FixedPitchFace()) {
+  CHARFORMATW cf = {};
+  cf.cbSize = sizeof(cf);
+  cf.dwMask = CFM_SIZE | CFM_FACE;
+  cf.yHeight = twips;
+  ::lstrcpynW(cf.szFaceName, face, LF_FACESIZE);
+  return cf;
+}
+
+void SetPaneFont(PaneWindows& windows, LONG twips, unsigned tabSize = 4) {
+  CVnDisplayOptions options = vn::test::FixedPitchOptions();
+  CHARFORMATW cf = options.GetCharFormat();
+  cf.yHeight = twips;
+  options.SetCharFormat(cf);
+  options.SetTabSize(tabSize);
+  windows.Pane().SetDisplayOptions(options);
+}
+
+std::wstring NumberedRows(int count) {
+  std::wstring rows;
+  for (int k = 0; k < count; ++k)
+    rows += (k ? L"|line " : L"line ") + std::to_wstring(k);
+  return rows;
+}
+
+//===-- Rows -----------------------------------------------------------------===//
+
+TEST(VnRichEditPaneGetVisibleLineCount, CountsWholeRowsOfTheDefaultFontInTheClientArea) {
+  for (int height : {300, 157, 40}) {
+    SCOPED_TRACE(height);
+    PaneWindows windows(true, 400, height);
+    windows.Fill(NumberedRows(80));
+    CVnRichEditPane& edit = windows.Edit();
+    // The control lays its rows out in the same font: their spacing is the
+    // row height the count divides by.
+    int spacing = edit.PosFromChar(edit.LineIndex(1)).y - edit.PosFromChar(0).y;
+    ASSERT_GT(spacing, 0);
+    CRect client;
+    edit.GetClientRect(&client);
+    EXPECT_EQ(client.bottom / spacing, edit.GetVisibleLineCount());
+  }
+}
+
+TEST(VnRichEditPaneGetVisibleLineCount, MeasuresAtWholePoints) {
+  PaneWindows windows(true, 400, 600);
+  const struct {
+    LONG twips;
+    LONG sameAs;
+  } cases[] = {{190, 180}, {199, 180}, {250, 240}};
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.twips);
+    SetPaneFont(windows, c.twips);
+    int measured = windows.Edit().GetVisibleLineCount();
+    SetPaneFont(windows, c.sameAs);
+    EXPECT_EQ(windows.Edit().GetVisibleLineCount(), measured);
+  }
+  SetPaneFont(windows, 180);
+  int small = windows.Edit().GetVisibleLineCount();
+  SetPaneFont(windows, 360);
+  EXPECT_LT(windows.Edit().GetVisibleLineCount(), small);
+}
+
+TEST(VnRichEditPaneGetTotalLineCount, AddsDeletesOfTheFirstListAndInsertsOfTheSecond) {
+  CVnDiffChangeList first, second;
+  first.Add(new CVnDiffChange(CVnDiffChange::Delete, 2, 4, 0, 0));     // 3 rows
+  first.Add(new CVnDiffChange(CVnDiffChange::Insert, 0, 0, 1, 9));     // not counted
+  first.Add(new CVnDiffChange(CVnDiffChange::Change, 5, 9, 5, 6));     // not counted
+  second.Add(new CVnDiffChange(CVnDiffChange::Insert, 0, 0, 7, 8));    // 2 rows
+  second.Add(new CVnDiffChange(CVnDiffChange::Delete, 1, 5, 0, 0));    // not counted
+  second.Add(new CVnDiffChange(CVnDiffChange::FullFile, -1, -1, -1, -1));
+  CVnDiffChangeList none;
+  const struct {
+    const CPtrArray* a;
+    const CPtrArray* b;
+    int total;
+  } cases[] = {{&first, &second, 4 + 3 + 2}, {&none, &none, 4}, {&second, &first, 4 + 5 + 9}, {&first, &none, 4 + 3}};
+  PaneWindows windows;
+  windows.Fill(L"a|b|c|d");
+  for (const auto& c : cases)
+    EXPECT_EQ(c.total, windows.Edit().GetTotalLineCount(*c.a, *c.b));
+}
+
+//===-- Widths ---------------------------------------------------------------===//
+
+TEST(VnRichEditPaneGetFormattedTextLength, ExpandsTabsToTheTabSize) {
+  PaneWindows windows;
+  CVnRichEditPane& edit = windows.Edit();
+  CHARFORMATW format = FontFormat(180);
+  EXPECT_EQ(0, edit.GetFormattedTextLength(format, L""));
+  SetPaneFont(windows, 180, 4);
+  int tab4 = edit.GetFormattedTextLength(format, L"\t");
+  int twoTabs4 = edit.GetFormattedTextLength(format, L"\t\t");
+  int shortThenTab = edit.GetFormattedTextLength(format, L"a\t");
+  SetPaneFont(windows, 180, 8);
+  int tab8 = edit.GetFormattedTextLength(format, L"\t");
+  ASSERT_GT(tab4, 0);
+  EXPECT_EQ(2 * tab4, tab8);
+  EXPECT_EQ(2 * tab4, twoTabs4);
+  EXPECT_EQ(tab4, shortThenTab);  // a tab runs to the next stop
+  EXPECT_GT(edit.GetFormattedTextLength(format, L"abcdefgh"), edit.GetFormattedTextLength(format, L"abcd"));
+}
+
+TEST(VnRichEditPaneGetFormattedTextLength, MeasuresAtWholePoints) {
+  PaneWindows windows;
+  CVnRichEditPane& edit = windows.Edit();
+  EXPECT_EQ(edit.GetFormattedTextLength(FontFormat(180), L"wide text"),
+            edit.GetFormattedTextLength(FontFormat(190), L"wide text"));
+  EXPECT_LT(edit.GetFormattedTextLength(FontFormat(180), L"wide text"),
+            edit.GetFormattedTextLength(FontFormat(400), L"wide text"));
+}
+
+//===-- Positions ------------------------------------------------------------===//
+
+TEST(VnRichEditPaneCharFromPos, GivesTheCharacterAtAPoint) {
+  PaneWindows windows;
+  windows.Fill(L"abc|defg|hi");
+  CVnRichEditPane& edit = windows.Edit();
+  for (int c : {1, 2, 3, 4, 6, 8, 9}) {
+    SCOPED_TRACE(c);
+    EXPECT_EQ(c, edit.CharFromPos(edit.PosFromChar(c)));
+  }
+  EXPECT_EQ(11, edit.CharFromPos(CPoint(5, 1000)));  // below the text: its length
+}
+
+// The control shows no caret over a selection, and its position stays
+// where it was last drawn: the table puts it there by collapsing the
+// selection first.  Which end of the selection has the caret's position
+// decides the column.
+TEST(VnRichEditPaneGetCurrentCaret, TellsTheLineAndColumnOfTheCaret) {
+  PaneWindows windows;
+  windows.Fill(L"abc|defg|hi");
+  CVnRichEditPane& edit = windows.Edit();
+  edit.SetFocus();
+  ASSERT_EQ(edit.GetSafeHwnd(), ::GetFocus());
+  const struct {
+    long caretAt;
+    long start, end;
+    long line, column;
+  } cases[] = {
+      {5, 5, 5, 1, 1},
+      {0, 0, 0, 0, 0},
+      {11, 11, 11, 2, 2},
+      {7, 5, 7, 1, 3},   // caret at the end
+      {5, 5, 7, 1, 1},   // caret at the start
+      {4, 1, 4, 0, 4},   // ends at a line's start: one past the line before
+      {11, 0, -1, 2, 2},  // the whole text: not beyond its last character
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(testing::Message() << c.start << "," << c.end << " caret at " << c.caretAt);
+    edit.SetSel(c.caretAt, c.caretAt);
+    edit.SetSel(c.start, c.end);
+    long line = -1, column = -1;
+    edit.GetCurrentCaret(line, column);
+    EXPECT_EQ(c.line, line);
+    EXPECT_EQ(c.column, column);
+  }
+}
+
+TEST(VnRichEditPaneGetFirstVisibleChar, WithoutTheFocusGivesTheLastStoredColumn) {
+  PaneWindows windows;
+  windows.Fill(L"abc");
+  vn::test::HostWindow().SetFocus();
+  windows.Edit().m_nFirstVisibleChar = 7;
+  EXPECT_EQ(7, windows.Edit().GetFirstVisibleChar());
+}
+
+TEST(VnRichEditPaneGetFirstVisibleChar, WorksOutTheLeftColumnFromTheCaret) {
+  PaneWindows windows(true, 300, 200);
+  windows.Fill(std::wstring(200, L'x') + L"|\tab|short");
+  CVnRichEditPane& edit = windows.Edit();
+  edit.SetFocus();
+  ASSERT_EQ(edit.GetSafeHwnd(), ::GetFocus());
+  edit.SetSel(10, 10);
+  EXPECT_EQ(0, edit.GetFirstVisibleChar());
+  edit.SetSel(204, 204);  // after "\tab": tabs are measured character by character
+  EXPECT_EQ(0, edit.GetFirstVisibleChar());
+  // Scrolled: the first column whose left edge is in view.
+  edit.HScroll(12, nullptr);
+  edit.SetSel(60, 60);
+  int firstInView = 0;
+  while (edit.PosFromChar(firstInView).x < 0)
+    ++firstInView;
+  EXPECT_NE(0, firstInView);
+  EXPECT_EQ(firstInView, edit.GetFirstVisibleChar());
+  EXPECT_EQ(firstInView, edit.m_nFirstVisibleChar);
+}
+
+}  // namespace
