@@ -1,0 +1,311 @@
+// VnFileSystemTest.cpp - the numbered file store: its names and reading
+// them back, the free space query, and the throwing file wrappers.
+#include "foundation/VnFileSystem.h"
+
+#include "foundation/VnPath.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <random>
+#include <sstream>
+#include <string>
+
+namespace {
+
+std::string U8(const CString& s) { return VnToUtf8(s); }
+CString W(const char* utf8) { return VnFromUtf8(utf8); }
+
+std::filesystem::path FsPath(const CString& p) {
+#ifdef _WIN32
+  return std::filesystem::path(std::wstring(p.GetString()));
+#else
+  std::string s = U8(p);
+  for (char& c : s)
+    if (c == '\\')
+      c = '/';
+  return std::filesystem::path(s);
+#endif
+}
+
+std::string ReadAll(const CString& path) {
+  std::ifstream in(FsPath(path), std::ios::binary);
+  std::ostringstream out;
+  out << in.rdbuf();
+  return out.str();
+}
+
+// A fresh directory for one test, ending in a backslash, removed afterwards.
+class ScratchDir {
+public:
+  ScratchDir() {
+    static int counter = 0;
+    GetTemporaryPath(m_path);
+    m_path.AppendFormat(_T("vnfs-%d-%d\\"), static_cast<int>(std::random_device()() % 100000), ++counter);
+    std::filesystem::create_directories(FsPath(m_path));
+  }
+  ~ScratchDir() {
+    std::error_code ignored;
+    std::filesystem::permissions(FsPath(m_path + _T("ro.txt")), std::filesystem::perms::owner_all,
+                                 std::filesystem::perm_options::add, ignored);
+    std::filesystem::remove_all(FsPath(m_path), ignored);
+  }
+  const CString& Path() const { return m_path; }
+
+private:
+  CString m_path;
+};
+
+// Runs f and gives the CFileException it threw (code and file name), or
+// code -2 when it threw none.
+struct Thrown {
+  LONG code = -2;
+  std::string file;
+};
+Thrown FileFailure(const std::function<void()>& f) {
+  Thrown t;
+  try {
+    f();
+  } catch (CException* e) {
+    if (CFileException* fe = dynamic_cast<CFileException*>(e)) {
+      t.code = fe->m_lOsError;
+      t.file = U8(fe->m_strFileName);
+    } else {
+      t.code = -3;
+    }
+    e->Delete();
+  }
+  return t;
+}
+
+//===-- Names ---------------------------------------------------------------===//
+
+TEST(VnFileSystemTest, RootGetsABackslashOnlyWhenItHasNoEndSeparator) {
+  struct Case {
+    const char *root, *path;
+  } cases[] = {
+      {"c:\\store", "c:\\store\\00001A2B"},
+      {"c:\\store\\", "c:\\store\\00001A2B"},
+      {"c:\\store/", "c:\\store/00001A2B"},
+      {"", "\\00001A2B"},
+  };
+  for (const Case& c : cases)
+    EXPECT_EQ(c.path, U8(CVnFileSystem(W(c.root), 0).GetFilePath(0x1A2B))) << c.root;
+}
+
+TEST(VnFileSystemTest, NamesWriteTheIdInEightUpperCaseHexDigits) {
+  const CVnFileSystem store(_T("r"), 5);
+  struct Case {
+    unsigned long id, second;
+    const char *alone, *pair;
+  } cases[] = {
+      {0, 0, "00000000", "00000000.0"},
+      {0x1A2B, 7, "00001A2B", "00001A2B.7"},
+      {0xFFFFFFFFul, 0xFFFFFFFFul, "FFFFFFFF", "FFFFFFFF.-1"},
+      {0xABCDEF, 0x80000000ul, "00ABCDEF", "00ABCDEF.-2147483648"},
+      {1, 123456789, "00000001", "00000001.123456789"},
+  };
+  for (const Case& c : cases) {
+    EXPECT_EQ(c.alone, U8(store.GetFileName(c.id)));
+    EXPECT_EQ(c.pair, U8(store.GetFileName(c.id, c.second)));
+    EXPECT_EQ(std::string("r\\") + c.pair, U8(store.GetFilePath(c.id, c.second)));
+  }
+  EXPECT_EQ("r\\00001A2B.txt", U8(store.GetFilePath(0x1A2B, _T("txt"))));
+  EXPECT_EQ("r\\00001A2B.", U8(store.GetFilePath(0x1A2B, static_cast<LPCWSTR>(nullptr))));
+}
+
+TEST(VnFileSystemTest, AnExtensionMustLeaveTheNameWithin260Characters) {
+  const CVnFileSystem store(_T("c:\\s"), 0);
+  EXPECT_EQ(5 + 259, store.GetFilePath(1, CString(_T('e'), 250)).GetLength());
+  bool threw = false;
+  try {
+    store.GetFilePath(1, CString(_T('e'), 251));
+  } catch (CException* e) {
+    threw = e->IsKindOf(RUNTIME_CLASS(CInvalidArgException));
+    e->Delete();
+  }
+  EXPECT_TRUE(threw);
+}
+
+TEST(VnFileSystemTest, FileIdsAreReadFromTheNameBehindTheLastSeparator) {
+  const CVnFileSystem store(_T("c:\\store"), 0);
+  struct Case {
+    const char* path;
+    int result;
+    unsigned long id, second;  // 99 where untouched
+  } cases[] = {
+      {"c:\\store\\00001A2B.7", 1, 0x1A2B, 7},
+      {"c:/store/00001A2B.7", 1, 0x1A2B, 7},
+      {"c:\\store\\00001a2b.7", 1, 0x1A2B, 7},
+      {"c:\\store\\00001A2B", 0, 0x1A2B, 99},
+      {"c:\\store\\readme.txt", 0, 99, 99},
+      {"c:\\store\\FFFFFFFF.-1", 1, 0xFFFFFFFFul, 0xFFFFFFFFul},
+      {"c:\\store\\00001A2B.txt", 0, 0x1A2B, 99},
+      {"c:\\store\\123456789.5", 0, 0x12345678, 99},  // a ninth digit is not a dot
+      {"00000010.20", 1, 0x10, 20},                    // no separator at all
+      {"c:\\dir.5\\", 0, 99, 99},                       // nothing behind the separator
+      {"", 0, 99, 99},
+      {"c:\\s\\1.+4", 1, 1, 4},
+      {"c:\\s\\a.-", 0, 0xA, 99},
+  };
+  for (const Case& c : cases) {
+    unsigned long id = 99, second = 99;
+    EXPECT_EQ(c.result, store.GetFileIDs(W(c.path), id, second)) << c.path;
+    EXPECT_EQ(c.id, id) << c.path;
+    EXPECT_EQ(c.second, second) << c.path;
+  }
+  unsigned long id = 99, second = 99;
+  EXPECT_EQ(0, store.GetFileIDs(nullptr, id, second));
+}
+
+TEST(VnFileSystemTest, NamesRoundTripForRandomIdsAndExtensions) {
+  const CVnFileSystem store(_T("/some/root"), 0);
+  std::mt19937 rng(2024);
+  for (int round = 0; round < 2000; ++round) {
+    const unsigned long id = rng(), second = rng();
+    unsigned long readId = 0, readSecond = 0;
+    ASSERT_EQ(1, store.GetFileIDs(store.GetFilePath(id, second), readId, readSecond));
+    EXPECT_EQ(id, readId);
+    EXPECT_EQ(second, readSecond);
+
+    // A letters-only extension reads back as the ID alone, a digits-only one
+    // as a second ID.
+    CString letters, digits;
+    unsigned long number = 0;
+    for (int i = 1 + static_cast<int>(rng() % 8); i > 0; --i) {
+      letters += static_cast<WCHAR>('a' + rng() % 26);
+      int d = static_cast<int>(rng() % 10);
+      digits += static_cast<WCHAR>('0' + d);
+      number = number * 10 + static_cast<unsigned long>(d);
+    }
+    readSecond = 12345;
+    EXPECT_EQ(0, store.GetFileIDs(store.GetFilePath(id, letters), readId, readSecond));
+    EXPECT_EQ(id, readId);
+    EXPECT_EQ(12345u, readSecond);
+    EXPECT_EQ(1, store.GetFileIDs(store.GetFilePath(id, digits), readId, readSecond));
+    EXPECT_EQ(number, readSecond);
+  }
+}
+
+TEST(VnFileSystemTest, CopiesKeepRootAndNumber) {
+  CVnFileSystem a(_T("x:\\a"), 17), b(_T("y:\\b\\"), 3);
+  CVnFileSystem c(a);
+  b = a;
+  for (const CVnFileSystem* s : {&b, &c}) {
+    EXPECT_EQ("x:\\a\\", U8(s->GetRoot()));
+    EXPECT_EQ(17u, s->GetNumber());
+  }
+}
+
+//===-- Free space ----------------------------------------------------------===//
+
+TEST(VnFileSystemTest, FreeSpaceIsCappedAt32BitsAndFailsTheSameWay) {
+  ScratchDir scratch;
+  const std::uintmax_t available = std::filesystem::space(FsPath(scratch.Path())).available;
+  unsigned long free = CVnFileSystem(scratch.Path(), 0).GetFreeSpace();
+  if (available >= 0xFFFFFFFFull)
+    EXPECT_EQ(0xFFFFFFFFul, free);
+  else
+    EXPECT_NEAR(static_cast<double>(available), static_cast<double>(free), 64.0 * 1024 * 1024);
+  EXPECT_EQ(0xFFFFFFFFul, CVnFileSystem(scratch.Path() + _T("no\\such\\dir"), 0).GetFreeSpace());
+}
+
+//===-- Throwing wrappers ---------------------------------------------------===//
+
+TEST(VnFileSystemTest, CreateFileReplacesWhatIsThere) {
+  ScratchDir scratch;
+  CString path = scratch.Path() + _T("f.bin");
+  CVnFileSystem::CreateFileW(path, 5, "first");
+  EXPECT_EQ("first", ReadAll(path));
+  CVnFileSystem::CreateFileW(path, 2, "ab");
+  EXPECT_EQ("ab", ReadAll(path));
+  CVnFileSystem::CreateFileW(path, 0, nullptr);
+  EXPECT_EQ("", ReadAll(path));
+  Thrown t = FileFailure([&] { CVnFileSystem::CreateFileW(scratch.Path() + _T("no\\f.bin"), 1, "x"); });
+  EXPECT_EQ(3, t.code);
+  EXPECT_EQ(U8(scratch.Path() + _T("no\\f.bin")), t.file);
+}
+
+TEST(VnFileSystemTest, DeletingWhatIsNotThereIsNoFailure) {
+  ScratchDir scratch;
+  CString path = scratch.Path() + _T("f");
+  CVnFileSystem::CreateFileW(path, 1, "x");
+  EXPECT_EQ(-2, FileFailure([&] { CVnFileSystem::DeleteFileW(path); }).code);
+  EXPECT_FALSE(std::filesystem::exists(FsPath(path)));
+  EXPECT_EQ(-2, FileFailure([&] { CVnFileSystem::DeleteFileW(path); }).code);
+  EXPECT_EQ(-2, FileFailure([&] { CVnFileSystem::DeleteFileW(scratch.Path() + _T("no\\f")); }).code);
+  // A directory is no file: access is denied.
+  Thrown t = FileFailure([&] { CVnFileSystem::DeleteFileW(scratch.Path().Left(scratch.Path().GetLength() - 1)); });
+  EXPECT_EQ(5, t.code);
+}
+
+#ifdef _WIN32
+TEST(VnFileSystemTest, DeletingAFileInUseThrows) {
+  ScratchDir scratch;
+  CString path = scratch.Path() + _T("busy");
+  CVnFileSystem::CreateFileW(path, 1, "x");
+  HANDLE h = ::CreateFileW(path, GENERIC_READ, 0, nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+  ASSERT_NE(INVALID_HANDLE_VALUE, h);
+  Thrown t = FileFailure([&] { CVnFileSystem::DeleteFileW(path); });
+  ::CloseHandle(h);
+  EXPECT_EQ(32, t.code);
+  EXPECT_EQ(U8(path), t.file);
+}
+#endif
+
+TEST(VnFileSystemTest, CopyAndMoveNameTheSourceWhenTheyFail) {
+  ScratchDir scratch;
+  CString a = scratch.Path() + _T("a"), b = scratch.Path() + _T("b"), c = scratch.Path() + _T("c");
+  CVnFileSystem::CreateFileW(a, 3, "aaa");
+  CVnFileSystem::CreateFileW(b, 1, "b");
+
+  Thrown t = FileFailure([&] { CVnFileSystem::CopyFileW(a, b, TRUE); });
+  EXPECT_EQ(80, t.code);
+  EXPECT_EQ(U8(a), t.file);
+  EXPECT_EQ("b", ReadAll(b));
+  CVnFileSystem::CopyFileW(a, b, FALSE);
+  EXPECT_EQ("aaa", ReadAll(b));
+
+  t = FileFailure([&] { CVnFileSystem::MoveFileW(a, b); });
+  EXPECT_EQ(183, t.code);
+  EXPECT_EQ(U8(a), t.file);
+  CVnFileSystem::MoveFileW(a, c);
+  EXPECT_FALSE(std::filesystem::exists(FsPath(a)));
+  EXPECT_EQ("aaa", ReadAll(c));
+
+  t = FileFailure([&] { CVnFileSystem::CopyFileW(a, b, FALSE); });
+  EXPECT_EQ(2, t.code);
+  EXPECT_EQ(U8(a), t.file);
+}
+
+TEST(VnFileSystemTest, MakeDirectoryCreatesOneLevelOnly) {
+  ScratchDir scratch;
+  CString dir = scratch.Path() + _T("d");
+  CVnFileSystem::MakeDirectory(dir);
+  EXPECT_EQ(1, IsDir(dir));
+  EXPECT_EQ(183, FileFailure([&] { CVnFileSystem::MakeDirectory(dir); }).code);
+  Thrown t = FileFailure([&] { CVnFileSystem::MakeDirectory(scratch.Path() + _T("x\\y")); });
+  EXPECT_EQ(3, t.code);
+  EXPECT_EQ(U8(scratch.Path() + _T("x\\y")), t.file);
+}
+
+TEST(VnFileSystemTest, AttributesSetReadOnlyAndBack) {
+  ScratchDir scratch;
+  CString path = scratch.Path() + _T("ro.txt");
+  CVnFileSystem::CreateFileW(path, 1, "x");
+  auto ownerWrite = [&] {
+    return (std::filesystem::status(FsPath(path)).permissions() & std::filesystem::perms::owner_write) !=
+           std::filesystem::perms::none;
+  };
+  CVnFileSystem::SetFileAttributesW(path, 0x1);  // read-only
+  EXPECT_FALSE(ownerWrite());
+  CVnFileSystem::SetFileAttributesW(path, 0x80);  // normal
+  EXPECT_TRUE(ownerWrite());
+  Thrown t = FileFailure([&] { CVnFileSystem::SetFileAttributesW(scratch.Path() + _T("none"), 0x80); });
+  EXPECT_EQ(2, t.code);
+  EXPECT_EQ(U8(scratch.Path() + _T("none")), t.file);
+}
+
+}  // namespace
