@@ -97,54 +97,110 @@ std::unique_ptr<InputText> ReadRaw(const std::string& path) {
 
 //===-- Original line ends -------------------------------------------------===//
 
-// Reads unit i of the file's data in its encoding's width and order.
-struct UnitReader {
-  const unsigned char* data;
-  unsigned long count;
-  int width;       // 1 or 2
-  bool bigEndian;
-  unsigned operator[](unsigned long i) const {
-    if (width == 1)
-      return data[i];
-    const unsigned char* p = data + 2 * i;
-    return bigEndian ? (p[0] << 8) | p[1] : p[0] | (p[1] << 8);
+// Collects line ends from a stream of units by the repair's rules: CR LF
+// and LF CR are one line end each, a lone CR or LF one more.
+class LineEndScanner {
+public:
+  void Unit(unsigned c) {
+    if (c > 13 && m_pending == 0)
+      return;  // the common case
+    if (m_pending == 13) {
+      m_pending = 0;
+      if (c == 10) {
+        m_ends.push_back(LineEnd::CRLF);
+        return;
+      }
+      m_ends.push_back(LineEnd::CR);
+    } else if (m_pending == 10) {
+      m_pending = 0;
+      if (c == 13) {
+        m_ends.push_back(LineEnd::LFCR);
+        return;
+      }
+      m_ends.push_back(LineEnd::LF);
+    }
+    if (c == 13 || c == 10)
+      m_pending = c;
   }
-};
-
-// The line ends of the file in the order they stand, by the repair's rules.
-static std::vector<LineEnd> ScanLineEnds(const UnitReader& u) {
-  std::vector<LineEnd> ends;
-  for (unsigned long i = 0; i < u.count; ++i) {
-    const unsigned c = u[i];
-    if (c == 13) {
-      const bool pair = i + 1 < u.count && u[i + 1] == 10;
-      ends.push_back(pair ? LineEnd::CRLF : LineEnd::CR);
-      i += pair;
-    } else if (c == 10) {
-      const bool pair = i + 1 < u.count && u[i + 1] == 13;
-      ends.push_back(pair ? LineEnd::LFCR : LineEnd::LF);
-      i += pair;
+  // Eight bytes at a time past bytes that can't be CR or LF.
+  void Bytes(const unsigned char* p, unsigned long n) {
+    const uint64_t kLow = 0x0E0E0E0E0E0E0E0EULL, kHigh = 0x8080808080808080ULL;
+    unsigned long k = 0;
+    while (k < n) {
+      if (m_pending == 0) {
+        while (k + 8 <= n) {
+          uint64_t x;
+          memcpy(&x, p + k, sizeof x);
+          if ((x - kLow) & ~x & kHigh)
+            break;
+          k += 8;
+        }
+        if (k == n)
+          break;
+      }
+      Unit(p[k++]);
     }
   }
-  return ends;
+  std::vector<LineEnd> Finish() {
+    Unit(0);  // settles a pending CR or LF
+    return std::move(m_ends);
+  }
+
+private:
+  unsigned m_pending = 0;
+  std::vector<LineEnd> m_ends;
+};
+
+// Reads the file in chunks, so that finding its line ends costs no copy of it.
+static std::vector<LineEnd> ScanFileLineEnds(const std::string& path, unsigned long skip, int width,
+                                             bool bigEndian) {
+  LineEndScanner scanner;
+  try {
+    CVnFile file(Wide(path), CFile::modeRead);
+    unsigned char chunk[1 << 16];
+    int carry = -1;  // the first byte of a unit split between chunks
+    for (;;) {
+      unsigned long n = file.ReadRaw(chunk, sizeof chunk);
+      if (n == 0)
+        break;
+      unsigned long k = 0;
+      if (skip) {
+        k = skip < n ? skip : n;
+        skip -= k;
+      }
+      if (width == 1) {
+        scanner.Bytes(chunk + k, n - k);
+        continue;
+      }
+      for (; k < n; ++k) {
+        if (carry < 0) {
+          carry = chunk[k];
+          continue;
+        }
+        scanner.Unit(bigEndian ? (carry << 8) | chunk[k] : carry | (chunk[k] << 8));
+        carry = -1;
+      }
+    }
+    file.Close();
+  } catch (CException* e) {
+    throw Failure(DescribeException(e, path));
+  }
+  return scanner.Finish();
 }
 
 static void FillLineEnds(InputText& text, const CVnDiffFile& file, const std::string& path) {
-  unsigned long size = 0;
-  std::unique_ptr<unsigned char[]> bytes = ReadBytes(path, size);
-  UnitReader reader = {bytes.get(), size, 1, false};
+  int width = 1;
+  bool bigEndian = false;
   unsigned long skip = 0;
   if (file.GetFileType() == CVnDiffFile::TypeUnicode) {
     if (file.GetEncoding() != CVnDiffFile::EncodingUTF8) {
-      reader.width = 2;
-      reader.bigEndian = file.GetEncoding() == CVnDiffFile::EncodingUTF16BE;
+      width = 2;
+      bigEndian = file.GetEncoding() == CVnDiffFile::EncodingUTF16BE;
     }
     if (file.HasByteOrderMark())
       skip = file.GetEncoding() == CVnDiffFile::EncodingUTF8 ? 3 : 2;
   }
-  reader.data += skip;
-  reader.count = (size - skip) / reader.width;
-  std::vector<LineEnd> ends = ScanLineEnds(reader);
+  std::vector<LineEnd> ends = ScanFileLineEnds(path, skip, width, bigEndian);
 
   const int count = text.lines.GetLineCount();
   const bool terminated = text.lines.GetFileInfo().HasEndingTerminator() != 0;

@@ -36,13 +36,52 @@ void Head(const unsigned char* data, unsigned long size, unsigned char head[3]) 
   memcpy(head, data, size < 3 ? size : 3);
 }
 
-unsigned short UnitAt(const unsigned char* p, unsigned long i) {
-  return static_cast<unsigned short>(p[2 * i] | (p[2 * i + 1] << 8));
+// Units of the buffer are little-endian whatever the machine's order.
+unsigned short FromLE(unsigned short u) {
+#if defined(__BYTE_ORDER__) && __BYTE_ORDER__ == __ORDER_BIG_ENDIAN__
+  return static_cast<unsigned short>((u >> 8) | (u << 8));
+#else
+  return u;
+#endif
 }
+unsigned short ToLE(unsigned short u) { return FromLE(u); }
 
 void SetUnit(unsigned char* p, unsigned long i, unsigned short u) {
   p[2 * i] = static_cast<unsigned char>(u);
   p[2 * i + 1] = static_cast<unsigned char>(u >> 8);
+}
+
+// The first unit at or after i that is below 14 (a NUL, CR or LF may be
+// one), or n.  Four units are tested at a time: a lane below 14 is one whose
+// subtraction of 14 borrows into its top bit while the unit's own top bit
+// was clear.
+unsigned long SkipPlainUnits(const unsigned short* u, unsigned long i, unsigned long n) {
+#if defined(__BYTE_ORDER__) && __BYTE_ORDER__ == __ORDER_LITTLE_ENDIAN__
+  const uint64_t kLow = 0x000E000E000E000EULL, kHigh = 0x8000800080008000ULL;
+  for (; i + 4 <= n; i += 4) {
+    uint64_t x;
+    memcpy(&x, u + i, sizeof x);
+    if ((x - kLow) & ~x & kHigh)
+      break;
+  }
+#endif
+  while (i < n && FromLE(u[i]) > 13)
+    ++i;
+  return i;
+}
+
+// The first 0 unit at or after i, or n; four units at a time as above.
+unsigned long FindZeroUnit(const unsigned short* u, unsigned long i, unsigned long n) {
+  const uint64_t kOne = 0x0001000100010001ULL, kHigh = 0x8000800080008000ULL;
+  for (; i + 4 <= n; i += 4) {
+    uint64_t x;
+    memcpy(&x, u + i, sizeof x);
+    if ((x - kOne) & ~x & kHigh)
+      break;
+  }
+  while (i < n && u[i] != 0)
+    ++i;
+  return i;
 }
 
 // Pages in which every byte below 0x80 is the ASCII character itself, so
@@ -289,52 +328,65 @@ void CVnDiffFile::ConvertBufferToUTF16LE(unsigned char*& in, unsigned long& inSi
 }
 
 // Repairs line ends in place where it can (LF CR to CR LF) and copies the
-// text once when a lone CR or LF has to grow into CR LF.
+// text once when a lone CR or LF has to grow into CR LF.  Units are read
+// through a 16-bit pointer: every text handed here starts on an even address
+// (a new array, or one past a two-byte mark).
 void CVnDiffFile::NormalizeCrLfPairs(unsigned char*& text, unsigned long& size) {
   const unsigned long n = size / 2;
   if (n == 0)
     return;
+  assert((reinterpret_cast<uintptr_t>(text) & 1) == 0 && "UTF-16 text starts on an even address");
+  unsigned short* u = reinterpret_cast<unsigned short*>(text);
   unsigned long marks = 0;
   unsigned long i = 0;
   for (; i < n; ++i) {
-    const unsigned short u = UnitAt(text, i);
-    if (u == 0)
+    i = SkipPlainUnits(u, i, n);
+    if (i == n)
+      break;
+    const unsigned short c = FromLE(u[i]);
+    if (c > kCR)
+      continue;
+    if (c == 0)
       break;  // a NUL unit ends the scan
-    if (u == kCR) {
-      if (!(i + 1 < n && UnitAt(text, i + 1) == kLF)) {
+    if (c == kCR) {
+      if (!(i + 1 < n && FromLE(u[i + 1]) == kLF)) {
         ++marks;
-        SetUnit(text, i, 0);
+        u[i] = 0;
       }
-    } else if (u == kLF) {
-      if (i > 0 && UnitAt(text, i - 1) == kCR)
+    } else if (c == kLF) {
+      if (i > 0 && FromLE(u[i - 1]) == kCR)
         continue;
-      if (i + 1 < n && UnitAt(text, i + 1) == kCR) {
-        SetUnit(text, i, kCR);
-        SetUnit(text, i + 1, kLF);
+      if (i + 1 < n && FromLE(u[i + 1]) == kCR) {
+        u[i] = ToLE(kCR);
+        u[i + 1] = ToLE(kLF);
       } else {
         ++marks;
-        SetUnit(text, i, 0);
+        u[i] = 0;
       }
     }
   }
   if (marks == 0)
     return;
 
-  // Second pass: every 0 unit before the end of the scan becomes CR LF.
-  unsigned char* repaired = new unsigned char[2 * static_cast<size_t>(i + marks)];
-  unsigned long w = 0;
-  for (unsigned long k = 0; k < i; ++k) {
-    const unsigned short u = UnitAt(text, k);
-    if (u == 0) {
-      SetUnit(repaired, w++, kCR);
-      SetUnit(repaired, w++, kLF);
+  // Second pass: the runs between marks are copied whole, and every 0 unit
+  // before the end of the scan becomes CR LF.
+  unsigned short* out = reinterpret_cast<unsigned short*>(new unsigned char[2 * static_cast<size_t>(i + marks)]);
+  unsigned long w = 0, k = 0;
+  while (k < i) {
+    const unsigned long run = FindZeroUnit(u, k, i);
+    memcpy(out + w, u + k, 2 * (run - k));
+    w += run - k;
+    if (run < i) {
+      out[w++] = ToLE(kCR);
+      out[w++] = ToLE(kLF);
+      k = run + 1;
     } else {
-      SetUnit(repaired, w++, u);
+      k = run;
     }
   }
   assert(w == i + marks && "every mark grows by exactly one unit");
   delete[] m_pBuffer;
-  m_pBuffer = text = repaired;
+  m_pBuffer = text = reinterpret_cast<unsigned char*>(out);
   size = 2 * w;
 }
 
