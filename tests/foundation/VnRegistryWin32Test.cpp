@@ -236,21 +236,32 @@ TEST_F(VnRegistryTest, SubKeysAreOpenedWithFullAccessWhateverTheSection) {
   EXPECT_EQ(3u, reg.GetInt(_T("N"), 0));
 }
 
+// The root is the caller's handle: a key opened here stands in for it, so a
+// destructor that closed it would leave the handle dead.
 TEST_F(VnRegistryTest, AnEmptyPathMakesTheRootTheBase) {
+  HKEY root = nullptr;
+  ASSERT_EQ(ERROR_SUCCESS, RegCreateKeyExW(HKEY_CURRENT_USER, m_path, 0, nullptr, 0, KEY_ALL_ACCESS, nullptr,
+                                           &root, nullptr));
   for (LPCWSTR path : {static_cast<LPCWSTR>(nullptr), _T("")}) {
     {
       ProbeRegistry reg;
       EXPECT_EQ(0, reg.InitOk());
-      EXPECT_EQ(1, reg.SetBaseKey(HKEY_CURRENT_USER, path, 0, KEY_ALL_ACCESS));
-      EXPECT_EQ(HKEY_CURRENT_USER, reg.GetBaseKey());
+      EXPECT_EQ(1, reg.SetBaseKey(root, path, 0, KEY_ALL_ACCESS));
+      EXPECT_EQ(1, reg.InitOk());
+      EXPECT_EQ(root, reg.GetBaseKey());
       EXPECT_EQ("", U8(reg.GetBaseSubKey()));
-      EXPECT_EQ(1, reg.OpenSection(m_path + _T("\\ViaRoot")));
+      EXPECT_EQ(1, reg.OpenSection(_T("ViaRoot")));
       EXPECT_EQ(1, reg.PutInt(_T("N"), 11));
     }
-    // The destructor left the root alone: it still works for everyone.
-    CVnRegistry again(HKEY_CURRENT_USER, m_path);
-    EXPECT_EQ(11u, again.GetInt(_T("N"), 0, _T("ViaRoot")));
+    DWORD subKeys = 0;
+    EXPECT_EQ(ERROR_SUCCESS, RegQueryInfoKeyW(root, nullptr, nullptr, nullptr, &subKeys, nullptr, nullptr, nullptr,
+                                              nullptr, nullptr, nullptr, nullptr))
+        << "the root handle must still be open";
+    EXPECT_EQ(1u, subKeys);
   }
+  RegCloseKey(root);
+  CVnRegistry again(HKEY_CURRENT_USER, m_path);
+  EXPECT_EQ(11u, again.GetInt(_T("N"), 0, _T("ViaRoot")));
 }
 
 TEST_F(VnRegistryTest, SetBaseKeyOpensOrCreatesAndLeavesTheSectionAlone) {
