@@ -7,8 +7,16 @@ IMPLEMENT_DYNAMIC(CScrollBar, CWnd)
 
 #define VN_ASSERT_WINDOW() assert(::IsWindow(m_hWnd) && "the scroll bar exists")
 
+// The bar's messages are routed through this object, so that a scroll
+// message from it names this object as its bar.
 BOOL CScrollBar::Create(DWORD style, const RECT& rect, CWnd* parent, UINT id) {
-  return CWnd::CreateEx(0, L"SCROLLBAR", nullptr, style, rect, parent, id);
+  if (!CWnd::CreateEx(0, L"SCROLLBAR", nullptr, style, rect, parent, id))
+    return FALSE;
+  HWND hWnd = Detach();
+  if (SubclassWindow(hWnd))
+    return TRUE;
+  ::DestroyWindow(hWnd);
+  return FALSE;
 }
 
 int CScrollBar::GetScrollPos() const {

@@ -1,6 +1,8 @@
 // CScrollBar.h - a scroll bar control (window class "SCROLLBAR").
 //
 // The bar keeps its range and position; each method is one SBM_ message.
+// A bar made by Create is tied to its object, so the scroll handlers of its
+// parent receive that object.
 #ifndef VN_AFX_WIN32_CSCROLLBAR_H
 #define VN_AFX_WIN32_CSCROLLBAR_H
 

@@ -60,4 +60,57 @@ TEST_F(CRichEditCtrlTest, EventMaskAndReadOnlyAreTheControls) {
   EXPECT_NE(0, ::GetWindowLongW(m_edit, GWL_STYLE) & ES_READONLY);
 }
 
+TEST_F(CRichEditCtrlTest, TextLengthInCharactersOrWithCrLfMarks) {
+  const struct {
+    const wchar_t* text;
+    long characters, withCrLf;
+  } cases[] = {{L"", 0, 0}, {L"ab", 2, 2}, {L"ab\r\ncd", 5, 6}, {L"a\r\n\r\n", 3, 5}};
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.characters);
+    m_edit.SetWindowText(c.text);
+    EXPECT_EQ(c.characters, m_edit.GetTextLengthEx(GTL_NUMCHARS | GTL_PRECISE));
+    EXPECT_EQ(c.withCrLf, m_edit.GetTextLengthEx(GTL_NUMCHARS | GTL_PRECISE | GTL_USECRLF));
+  }
+}
+
+TEST_F(CRichEditCtrlTest, SelectionTypeClearAndPositionsOfCharacters) {
+  m_edit.SetWindowText(L"abc\r\ndef");
+  m_edit.SetSel(1, 1);
+  EXPECT_EQ(SEL_EMPTY, m_edit.GetSelectionType());
+  m_edit.SetSel(1, 2);
+  EXPECT_NE(0, m_edit.GetSelectionType() & SEL_TEXT);
+  m_edit.Clear();
+  EXPECT_EQ(6, m_edit.GetTextLengthEx(GTL_NUMCHARS | GTL_PRECISE));  // "ac", the mark, "def"
+  CPoint first = m_edit.PosFromChar(0), second = m_edit.PosFromChar(1), below = m_edit.PosFromChar(3);
+  EXPECT_EQ(first.y, second.y);
+  EXPECT_LT(first.x, second.x);
+  EXPECT_GT(below.y, first.y);
+  EXPECT_EQ(first.x, below.x);
+}
+
+TEST_F(CRichEditCtrlTest, CharacterFormatOfTheSelectionRoundTrips) {
+  m_edit.SetWindowText(L"plain red");
+  m_edit.SetSel(6, 9);
+  CHARFORMATW red = {};
+  red.dwMask = CFM_COLOR | CFM_STRIKEOUT;
+  red.dwEffects = CFE_STRIKEOUT;
+  red.crTextColor = 0x0000FF;
+  EXPECT_TRUE(m_edit.SetSelectionCharFormat(red));
+  EXPECT_EQ(sizeof(CHARFORMATW), red.cbSize);
+  const struct {
+    long start, end;
+    bool uniform;
+    bool struck;
+  } cases[] = {{6, 9, true, true}, {0, 5, true, false}, {0, 9, false, false}};
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.start);
+    m_edit.SetSel(c.start, c.end);
+    CHARFORMATW read = {};
+    m_edit.GetSelectionCharFormat(read);
+    EXPECT_EQ(c.uniform, (read.dwMask & CFM_COLOR) != 0);
+    if (c.uniform)
+      EXPECT_EQ(c.struck, read.crTextColor == 0x0000FF && (read.dwEffects & CFE_STRIKEOUT) != 0);
+  }
+}
+
 }  // namespace
