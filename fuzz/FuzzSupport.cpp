@@ -22,12 +22,14 @@ std::vector<uint8_t> FuzzInput::Take(size_t count) {
   return out;
 }
 
-static int AnswerNo(LPCWSTR, UINT, UINT) { return IDNO; }
+static int g_answer = IDNO;
+static int Answer(LPCWSTR, UINT, UINT) { return g_answer; }
+void VnFuzzSetAnswer(int answer) { g_answer = answer; }
 
 void VnFuzzInit() {
   static bool done = false;
   if (!done) {
-    VnSetPromptHandler(AnswerNo);
+    VnSetPromptHandler(Answer);
     done = true;
   }
 }

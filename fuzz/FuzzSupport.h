@@ -2,8 +2,9 @@
 //
 // FuzzInput takes decisions off the front of the fuzzer's bytes and leaves the
 // rest as data, so one input drives both the choices and the text.  Targets
-// call VnFuzzInit once: it answers every message box with "no" in silence,
-// since a question is an expected result of hostile input, not a fault.
+// call VnFuzzInit once: it answers every message box in silence (with "no"
+// unless VnFuzzSetAnswer says otherwise), since a question is an expected
+// result of hostile input, not a fault.
 #ifndef VN_FUZZ_FUZZSUPPORT_H
 #define VN_FUZZ_FUZZSUPPORT_H
 
@@ -33,6 +34,8 @@ private:
 };
 
 void VnFuzzInit();
+// The answer the next message boxes get (IDNO unless a target says otherwise).
+void VnFuzzSetAnswer(int answer);
 
 // Fails loudly: a broken property is a finding, like a crash.
 #define FUZZ_CHECK(cond)                                                       \
