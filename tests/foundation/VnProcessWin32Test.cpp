@@ -121,6 +121,17 @@ TEST(VnProcessWin32Test, WindowedWaitKeepsThisThreadsWindowsPainting) {
   DestroyWindow(wnd);
 }
 
+// A quit that arrives while waiting means the application is ending: the
+// wait goes on for the program, and the quit is left for the outer loop.
+TEST(VnProcessWin32Test, WindowedWaitPassesAQuitOnToTheOuterLoop) {
+  RecordingApp app;
+  PostQuitMessage(12);
+  EXPECT_EQ(4, RunApp(HelperCommand() + _T(" sleep 300 4"), 0, 1, 1, 0));
+  MSG msg;
+  ASSERT_TRUE(PeekMessageW(&msg, nullptr, 0, 0, PM_REMOVE));
+  EXPECT_EQ(static_cast<UINT>(WM_QUIT), msg.message);
+}
+
 TEST(VnProcessWin32Test, WaitUntilIdleSucceedsForAWindowedProgram) {
   ASSERT_TRUE(vn::test::HelperExists(true));
   RecordingApp app;
