@@ -96,6 +96,7 @@ protected:
 private:
   CVnPaneWnd* GetParentPane() const;
   const CVnDisplayOptions& GetPaneOptions() const;
+  const CHARFORMATW& GetPaneCharFormat() const;
   int TextLength() const;
   void SelectRange(int start, int end);
   int ParagraphMarkBefore(int lineStart) const;

@@ -31,7 +31,7 @@ int CVnRichEditPane::GetVisibleLineCount() {
   CClientDC dc(this);
   CFont font;
   HGDIOBJ old = nullptr;
-  SelectFormatFont(dc, font, GetPaneOptions().GetCharFormat(), old);
+  SelectFormatFont(dc, font, GetPaneCharFormat(), old);
   TEXTMETRICW metrics = {};
   dc.GetTextMetrics(&metrics);
   dc.SelectObject(old);
@@ -159,8 +159,8 @@ int CVnRichEditPane::GetFirstVisibleChar() {
   CPoint caret = GetCaretPos();
   if (::GetFocus() != m_hWnd || caret.x < 0)
     return m_nFirstVisibleChar;
-  const CVnDisplayOptions& options = GetPaneOptions();
-  const CHARFORMATW& format = options.GetCharFormat();
+  const CHARFORMATW& format = GetPaneCharFormat();
+  unsigned int tabSize = GetPaneOptions().GetTabSize();
   long s = 0, e = 0;
   GetSel(s, e);
   CPoint atStart = PosFromChar(static_cast<UINT>(s));
@@ -177,7 +177,7 @@ int CVnRichEditPane::GetFirstVisibleChar() {
   if (text.GetLength() > column)
     text = text.Left(column);
   int fit = 0;
-  if (text.Find(L'\t') < 0 || options.GetTabSize() == 1) {
+  if (text.Find(L'\t') < 0 || tabSize == 1) {
     int space = GetFormattedTextLength(format, L" ");
     if (space <= 0)
       return m_nFirstVisibleChar;

@@ -59,10 +59,19 @@ const CString& CVnRichEditPane::GetLineTerminator() const {
 }
 
 // A pane outside a CVnPaneWnd measures with the default option values.
-const CVnDisplayOptions& CVnRichEditPane::GetPaneOptions() const {
+static const CVnDisplayOptions& DefaultOptions() {
   static const CVnDisplayOptions kDefaults;
+  return kDefaults;
+}
+
+const CVnDisplayOptions& CVnRichEditPane::GetPaneOptions() const {
   CVnPaneWnd* pane = GetParentPane();
-  return pane ? pane->GetDisplayOptions() : kDefaults;
+  return pane ? pane->GetDisplayOptions() : DefaultOptions();
+}
+
+const CHARFORMATW& CVnRichEditPane::GetPaneCharFormat() const {
+  CVnPaneWnd* pane = GetParentPane();
+  return pane ? pane->GetDefaultCharFormat() : DefaultOptions().GetCharFormat();
 }
 
 //===-- Positions ----------------------------------------------------------===//

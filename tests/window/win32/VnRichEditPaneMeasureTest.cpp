@@ -125,6 +125,15 @@ TEST(VnRichEditPaneGetFormattedTextLength, MeasuresAtWholePoints) {
             edit.GetFormattedTextLength(FontFormat(400), L"wide text"));
 }
 
+TEST(VnRichEditPaneGetFormattedTextLength, OutsideAPaneUsesTheDefaultTabSize) {
+  PaneWindows outside(false);
+  PaneWindows inside;
+  SetPaneFont(inside, 180, 4);
+  CHARFORMATW format = FontFormat(180);
+  EXPECT_EQ(inside.Edit().GetFormattedTextLength(format, L"\tx"), outside.Edit().GetFormattedTextLength(format, L"\tx"));
+  EXPECT_GT(outside.Edit().GetVisibleLineCount(), 0);
+}
+
 //===-- Positions ------------------------------------------------------------===//
 
 TEST(VnRichEditPaneCharFromPos, GivesTheCharacterAtAPoint) {
