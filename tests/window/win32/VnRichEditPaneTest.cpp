@@ -61,6 +61,31 @@ struct WideLineSet {
   CVnDiffArg arg;
 };
 
+TEST(VnRichEditPaneClass, PaneAndPaneWindowAreMadeByTheirRuntimeClass) {
+  const struct {
+    CRuntimeClass* cls;
+    CRuntimeClass* base;
+  } cases[] = {{RUNTIME_CLASS(CVnRichEditPane), RUNTIME_CLASS(CRichEditCtrl)},
+               {RUNTIME_CLASS(CVnPaneWnd), RUNTIME_CLASS(CWnd)}};
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.cls->m_lpszClassName);
+    CObject* made = c.cls->CreateObject();
+    ASSERT_NE(nullptr, made);
+    EXPECT_EQ(c.cls, made->GetRuntimeClass());
+    EXPECT_TRUE(made->IsKindOf(c.base));
+    delete made;
+  }
+  CVnRichEditPane* pane = static_cast<CVnRichEditPane*>(RUNTIME_CLASS(CVnRichEditPane)->CreateObject());
+  RECT rect = {0, 0, 200, 100};
+  ASSERT_TRUE(pane->Create(vn::test::kPaneChildStyle, rect, &vn::test::HostWindow(), 3));
+  EXPECT_EQ(pane, CWnd::FromHandlePermanent(pane->GetSafeHwnd()));  // its messages come to the object
+  EXPECT_EQ(0, pane->m_nFirstVisibleChar);
+  EXPECT_EQ(0, pane->m_bHScrollReplay);
+  EXPECT_TRUE(pane->m_strLineTerminator.IsEmpty());
+  EXPECT_EQ(0, pane->m_aPageStart.GetSize());
+  delete pane;
+}
+
 //===-- The terminator and the line index ------------------------------------===//
 
 TEST(VnRichEditPaneTerminator, OwnTerminatorFirstThenParentPaneThenEmpty) {
