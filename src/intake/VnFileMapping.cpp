@@ -1,22 +1,12 @@
 // VnFileMapping.cpp - mapping a whole file, growing it first when asked.
 #include "intake/VnFileMapping.h"
 
+#include "foundation/VnException.h"
 #include "intake/VnFile.h"
 
-#if __has_include("foundation/VnException.h")
-#include "foundation/VnException.h"
-#define VN_HAVE_OS_EXCEPTION 1
-#endif
-
-// Every failure of a mapping step is reported as the system's last error.
-[[noreturn]] static void ThrowMappingFailure() {
-#ifdef VN_HAVE_OS_EXCEPTION
-  AfxThrowOSException(static_cast<DWORD>(-1));
-#else
-  CFileException::ThrowOsError(static_cast<LONG>(vn::os::GetLastError()));
-  throw;  // not reached: ThrowOsError raises
-#endif
-}
+// Every failure of a mapping step is reported as the system's last error
+// (0xFFFFFFFF asks the OS exception to take the last error at construction).
+[[noreturn]] static void ThrowMappingFailure() { AfxThrowOSException(static_cast<DWORD>(-1)); }
 
 CVnFileMapping::~CVnFileMapping() {
   try {

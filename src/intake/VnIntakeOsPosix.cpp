@@ -49,6 +49,21 @@ bool Fail() {
   return false;
 }
 
+// As Win32 tells them apart: a missing file (2) in a directory that exists,
+// a missing path (3) when the directory itself is missing.
+bool FailOn(const std::string& native) {
+  if (errno == ENOENT) {
+    const size_t slash = native.find_last_of('/');
+    const std::string parent = slash == std::string::npos ? "." : (slash == 0 ? "/" : native.substr(0, slash));
+    struct stat st;
+    if (stat(parent.c_str(), &st) != 0 || !S_ISDIR(st.st_mode)) {
+      vn::os::SetLastError(ERROR_PATH_NOT_FOUND);
+      return false;
+    }
+  }
+  return Fail();
+}
+
 std::string Native(LPCWSTR path) { return path ? VnToUtf8(path) : std::string(); }
 
 // 100-ns ticks between 1 January 1601 and 1 January 1970.
@@ -202,7 +217,7 @@ bool FindOne(LPCWSTR path, WIN32_FIND_DATAW& found) {
   }
   struct stat st;
   if (stat(native.c_str(), &st) != 0)
-    return Fail();
+    return FailOn(native);
   memset(&found, 0, sizeof found);
   found.dwFileAttributes = AttributesOf(native, st);
   found.ftCreationTime = FILETIME{0, 0};
@@ -222,7 +237,7 @@ DWORD GetAttributes(LPCWSTR path) {
   std::string native = Native(path);
   struct stat st;
   if (native.empty() || stat(native.c_str(), &st) != 0) {
-    Fail();
+    FailOn(native);
     return INVALID_FILE_ATTRIBUTES;
   }
   return AttributesOf(native, st);
@@ -377,7 +392,7 @@ Handle OpenForMapping(LPCWSTR path, bool write) {
   if (fd < 0 && !write && errno == EACCES)
     fd = open(native.c_str(), O_RDONLY | O_CLOEXEC);
   if (fd < 0) {
-    Fail();
+    FailOn(native);
     return kNoHandle;
   }
   return fd;

@@ -2,6 +2,7 @@
 #include "intake/VnFileMapping.h"
 
 #include "IntakeTestFiles.h"
+#include "foundation/VnException.h"
 #include "intake/VnFile.h"
 
 #include <cstring>
@@ -79,6 +80,18 @@ TEST(VnFileMappingTest, ClosingLeavesACallersFileOpen) {
   open.SeekToBegin();
   EXPECT_EQ(6u, open.ReadRaw(buf, 6));
   EXPECT_EQ(0, memcmp(buf, "shared", 6));
+}
+
+TEST(VnFileMappingTest, FailureRaisesTheOSExceptionWithTheSystemsCode) {
+  TempFile file;
+  CVnFileMapping mapping;
+  try {
+    mapping.Open(file.Path() + _T(".dir/inside"), 0);  // no such directory
+    FAIL() << "mapping in a missing directory must raise";
+  } catch (CVnOSException* e) {
+    EXPECT_EQ(ERROR_PATH_NOT_FOUND, e->GetError());
+    e->Delete();
+  }
 }
 
 }  // namespace
