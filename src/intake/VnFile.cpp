@@ -15,6 +15,12 @@ int CVnFile::Open(LPCWSTR path, UINT flags) {
     int cause = error.m_cause ? error.m_cause : CFileException::genericException;
     AfxThrowFileException(cause, error.m_lOsError, path);
   }
+  // A directory opens natively but is no file; Win32 refuses it.
+  const DWORD attributes = vn::intake::GetAttributes(path);
+  if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY)) {
+    Abort();
+    AfxThrowFileException(CFileException::accessDenied, static_cast<LONG>(ERROR_ACCESS_DENIED), path);
+  }
   return 1;
 }
 

@@ -77,6 +77,19 @@ TEST(VnFileTest, OpenFailureRaisesWithCauseAndName) {
   }
 }
 
+TEST(VnFileTest, DirectoryIsNoFileToOpen) {
+  TempFile file;
+  const CString path = file.Path();
+  const int slash = path.ReverseFind('/') > path.ReverseFind('\\') ? path.ReverseFind('/') : path.ReverseFind('\\');
+  try {
+    CVnFile open(path.Left(slash), CFile::modeRead);
+    FAIL() << "a directory must not open as a file";
+  } catch (CFileException* e) {
+    EXPECT_EQ(CFileException::accessDenied, e->m_cause);
+    e->Delete();
+  }
+}
+
 TEST(VnFileTest, IsFileRejectsWildcardsAndAcceptsDirectories) {
   TempFile file;
   EXPECT_EQ(1, CVnFile::IsFile(file.Path()));
