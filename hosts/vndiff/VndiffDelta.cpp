@@ -44,14 +44,15 @@ void MakeDirectory(const std::string& dir) {
     throw Failure(dir + ": cannot create the delta directory");
 }
 
-void WriteFile(const std::string& path, const void* data, unsigned long size) {
+// Writes the bytes to path; a failure names `label` (the file the user asked for).
+void WriteFile(const std::string& path, const void* data, unsigned long size, const std::string& label) {
   try {
     CFile file(Wide(path), CFile::modeCreate | CFile::modeWrite);
     if (size)
       file.Write(data, static_cast<UINT>(size));
     file.Close();
   } catch (CException* e) {
-    throw Failure(DescribeException(e, path));
+    throw Failure(DescribeException(e, label));
   }
 }
 
@@ -167,7 +168,7 @@ void SaveDelta(const std::string& dir, const std::string& sourcePath, const std:
   unsigned char* text = nullptr;
   target->lines.ExtractChangedLines(changes, size, text);
   std::unique_ptr<unsigned char[]> owned(text);
-  WriteFile(Join(dir, "text"), text, size);
+  WriteFile(Join(dir, "text"), text, size, Join(dir, "text"));
 }
 
 // Writes the rebuilt bytes under a temporary name beside `output`, then
@@ -175,7 +176,7 @@ void SaveDelta(const std::string& dir, const std::string& sourcePath, const std:
 static void WriteOutput(const std::string& output, const unsigned char* bytes, unsigned long size) {
   const std::string temp = output + ".vndiff-partial";
   try {
-    WriteFile(temp, bytes, size);
+    WriteFile(temp, bytes, size, output);
     CVnFile::FileMove(Wide(output), Wide(temp), 0);
   } catch (...) {
     try {
