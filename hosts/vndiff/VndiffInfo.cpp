@@ -23,7 +23,13 @@ int RunInfo(const Options& o, std::FILE* out) {
       CheckReadable(path);
       CVnDiffFile file;
       file.SetFileName(Wide(path));
-      const unsigned encoding = k == 0 || o.sourceEncoding == o.targetEncoding ? o.sourceEncoding : 0;
+      // --source-encoding names the first file, --target-encoding the second,
+      // --encoding all of them.
+      unsigned encoding = o.sourceEncoding == o.targetEncoding ? o.sourceEncoding : 0;
+      if (k == 0)
+        encoding = o.sourceEncoding;
+      else if (k == 1)
+        encoding = o.targetEncoding;
       if (encoding)
         file.SetFileEncoding(encoding);
       unsigned char* data = nullptr;
