@@ -84,6 +84,42 @@ unsigned long FindZeroUnit(const unsigned short* u, unsigned long i, unsigned lo
   return i;
 }
 
+// Second pass of the repair into a new array: the runs between marks are
+// copied whole, and every 0 unit among the first n becomes CR LF.
+void CopyGrowingMarks(const unsigned short* u, unsigned long n, unsigned short* out) {
+  unsigned long w = 0, k = 0;
+  while (k < n) {
+    const unsigned long run = FindZeroUnit(u, k, n);
+    memcpy(out + w, u + k, 2 * (run - k));
+    w += run - k;
+    if (run == n)
+      break;
+    out[w++] = ToLE(kCR);
+    out[w++] = ToLE(kLF);
+    k = run + 1;
+  }
+}
+
+// The same in place, when the array has room: from the end backwards, so
+// that no unit is overwritten before it has moved.
+void GrowMarksInPlace(unsigned short* u, unsigned long n, unsigned long marks) {
+  unsigned long w = n + marks, k = n;
+  while (k > 0) {
+    unsigned long start = k;
+    while (start > 0 && u[start - 1] != 0)
+      --start;
+    w -= k - start;
+    memmove(u + w, u + start, 2 * (k - start));
+    k = start;
+    if (k > 0) {
+      --k;
+      u[--w] = ToLE(kLF);
+      u[--w] = ToLE(kCR);
+    }
+  }
+  assert(w == 0 && "every mark grew by exactly one unit");
+}
+
 // Pages in which every byte below 0x80 is the ASCII character itself, so
 // pure ASCII input can be widened without asking the converter.
 bool AsciiIsIdentity(unsigned int cp) {
@@ -98,13 +134,27 @@ bool AllAscii(const unsigned char* data, unsigned long size) {
   return (any & 0x80) == 0;
 }
 
+// An upper bound of the line ends the repair will have to grow: every CR and
+// LF may become CR LF, except the two units of a CR LF pair, which never do.
+unsigned long RepairBound(const unsigned char* data, unsigned long size) {
+  unsigned long ends = 0, pairs = 0;
+  for (unsigned long i = 0; i < size; ++i) {
+    ends += data[i] == 10 || data[i] == 13;
+    pairs += data[i] == 13 && i + 1 < size && data[i + 1] == 10;
+  }
+  return ends - 2 * pairs;
+}
+
 // MultiByteToWideChar(codePage, 0, ...) into a new array of 2 bytes a unit:
 // the length is asked first, then the text converted.  Input the page can't
 // decode becomes what the platform makes of it; an unknown page gives none.
+// `capacity` is the array's size: ASCII text gets room for its line-end
+// repair, so that the repair needs no second array.
 unsigned char* DecodeToUtf16(unsigned int codePage, const unsigned char* in, unsigned long size,
-                             unsigned long& outSize) {
+                             unsigned long& outSize, size_t& capacity) {
   if (AsciiIsIdentity(codePage) && AllAscii(in, size)) {
-    unsigned char* out = new unsigned char[2 * static_cast<size_t>(size)];
+    capacity = 2 * (static_cast<size_t>(size) + RepairBound(in, size));
+    unsigned char* out = new unsigned char[capacity];
     for (unsigned long i = 0; i < size; ++i) {
       out[2 * i] = in[i];
       out[2 * i + 1] = 0;
@@ -115,14 +165,16 @@ unsigned char* DecodeToUtf16(unsigned int codePage, const unsigned char* in, uns
 #ifdef _WIN32
   const char* src = reinterpret_cast<const char*>(in);
   int units = MultiByteToWideChar(codePage, 0, src, static_cast<int>(size), nullptr, 0);
-  unsigned char* out = new unsigned char[2 * static_cast<size_t>(units)];
+  capacity = 2 * static_cast<size_t>(units > 0 ? units : 0);
+  unsigned char* out = new unsigned char[capacity];
   if (units > 0)
     MultiByteToWideChar(codePage, 0, src, static_cast<int>(size), reinterpret_cast<wchar_t*>(out), units);
   outSize = 2 * static_cast<unsigned long>(units);
   return out;
 #else
   vn::os::WideText wide = vn::os::MultiByteToWide(codePage, reinterpret_cast<const char*>(in), static_cast<int>(size));
-  unsigned char* out = new unsigned char[2 * wide.size()];
+  capacity = 2 * wide.size();
+  unsigned char* out = new unsigned char[capacity];
   for (size_t i = 0; i < wide.size(); ++i)
     SetUnit(out, static_cast<unsigned long>(i), static_cast<unsigned short>(wide[i]));
   outSize = 2 * static_cast<unsigned long>(wide.size());
@@ -135,13 +187,15 @@ CString LocalText(UINT id) { return LoadLocalString(GetResourceModule(), id); }
 }  // namespace
 
 CVnDiffFile::CVnDiffFile()
-    : m_pText(nullptr), m_dwTextLength(0), m_pBuffer(nullptr), m_nCodePage(vn::os::GetACP()),
+    : m_pText(nullptr), m_dwTextLength(0), m_pBuffer(nullptr), m_nBufferSize(0), m_nCodePage(vn::os::GetACP()),
       m_nFileType(TypeText), m_nEncoding(EncodingNone), m_bLoaded(false), m_bHasBOM(false),
       m_bEncodingSet(false) {}
 
 CVnDiffFile::~CVnDiffFile() { ReleaseBuffer(); }
 
-CVnDiffFile::CVnDiffFile(const CVnDiffFile& other) : m_pText(nullptr), m_pBuffer(nullptr) { CopyFrom(other); }
+CVnDiffFile::CVnDiffFile(const CVnDiffFile& other) : m_pText(nullptr), m_pBuffer(nullptr), m_nBufferSize(0) {
+  CopyFrom(other);
+}
 
 CVnDiffFile& CVnDiffFile::operator=(const CVnDiffFile& other) {
   if (this != &other) {
@@ -163,10 +217,12 @@ void CVnDiffFile::CopyFrom(const CVnDiffFile& other) {
   m_bHasBOM = other.m_bHasBOM;
   m_bEncodingSet = other.m_bEncodingSet;
   m_pBuffer = nullptr;
+  m_nBufferSize = 0;
   m_pText = nullptr;
   if (other.m_pBuffer && other.m_pText) {
     const size_t offset = static_cast<size_t>(other.m_pText - other.m_pBuffer);
-    m_pBuffer = new unsigned char[offset + other.m_dwTextLength];
+    m_nBufferSize = offset + other.m_dwTextLength;
+    m_pBuffer = new unsigned char[m_nBufferSize];
     memcpy(m_pBuffer, other.m_pBuffer, offset + other.m_dwTextLength);
     m_pText = m_pBuffer + offset;
   }
@@ -175,6 +231,7 @@ void CVnDiffFile::CopyFrom(const CVnDiffFile& other) {
 void CVnDiffFile::ReleaseBuffer() {
   delete[] m_pBuffer;
   m_pBuffer = nullptr;
+  m_nBufferSize = 0;
   m_pText = nullptr;
   m_dwTextLength = 0;
 }
@@ -230,6 +287,7 @@ bool CVnDiffFile::GetFileContents(unsigned char*& text, unsigned long& length) {
       if (AfxMessageBox(question, MB_YESNO | MB_ICONEXCLAMATION, 0) != IDYES)
         return false;  // `bytes` releases the data
       m_pBuffer = bytes.Detach();
+      m_nBufferSize = size;
       m_pText = m_pBuffer;
       m_dwTextLength = static_cast<uint32_t>(size);
       ConvertNullsToSpaces(m_pText, size);
@@ -306,6 +364,7 @@ void CVnDiffFile::ConvertBufferToUTF16LE(unsigned char*& in, unsigned long& inSi
 
   if (m_nFileType == TypeUnicode && m_nEncoding == EncodingUTF16LE) {
     m_pBuffer = input.Detach();
+    m_nBufferSize = inSize;
     out = m_pBuffer + skip;
     outSize = rest;
     return;
@@ -318,10 +377,11 @@ void CVnDiffFile::ConvertBufferToUTF16LE(unsigned char*& in, unsigned long& inSi
       swapped[i + 1] = start[i];
     }
     m_pBuffer = out = swapped;
+    m_nBufferSize = rest;
     outSize = rest;
   } else {
     const unsigned int page = m_nFileType == TypeUnicode ? 65001u : m_nCodePage;
-    m_pBuffer = out = DecodeToUtf16(page, start, rest, outSize);
+    m_pBuffer = out = DecodeToUtf16(page, start, rest, outSize, m_nBufferSize);
   }
   in = nullptr;
   inSize = 0;
@@ -368,26 +428,17 @@ void CVnDiffFile::NormalizeCrLfPairs(unsigned char*& text, unsigned long& size) 
   if (marks == 0)
     return;
 
-  // Second pass: the runs between marks are copied whole, and every 0 unit
-  // before the end of the scan becomes CR LF.
-  unsigned short* out = reinterpret_cast<unsigned short*>(new unsigned char[2 * static_cast<size_t>(i + marks)]);
-  unsigned long w = 0, k = 0;
-  while (k < i) {
-    const unsigned long run = FindZeroUnit(u, k, i);
-    memcpy(out + w, u + k, 2 * (run - k));
-    w += run - k;
-    if (run < i) {
-      out[w++] = ToLE(kCR);
-      out[w++] = ToLE(kLF);
-      k = run + 1;
-    } else {
-      k = run;
-    }
+  const size_t grown = 2 * static_cast<size_t>(i + marks);
+  if (text == m_pBuffer && m_nBufferSize >= grown) {
+    GrowMarksInPlace(u, i, marks);
+  } else {
+    unsigned short* out = reinterpret_cast<unsigned short*>(new unsigned char[grown]);
+    CopyGrowingMarks(u, i, out);
+    delete[] m_pBuffer;
+    m_pBuffer = text = reinterpret_cast<unsigned char*>(out);
+    m_nBufferSize = grown;
   }
-  assert(w == i + marks && "every mark grows by exactly one unit");
-  delete[] m_pBuffer;
-  m_pBuffer = text = reinterpret_cast<unsigned char*>(out);
-  size = 2 * w;
+  size = static_cast<unsigned long>(grown);
 }
 
 void CVnDiffFile::ConvertNullsToSpaces(unsigned char* data, unsigned long size) {

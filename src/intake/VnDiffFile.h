@@ -58,6 +58,7 @@ private:
   unsigned char* m_pText;
   uint32_t m_dwTextLength;
   unsigned char* m_pBuffer;
+  size_t m_nBufferSize;  // bytes allocated at m_pBuffer: room the repair may grow into
   unsigned int m_nCodePage;
   int m_nFileType;
   int m_nEncoding;

@@ -96,8 +96,10 @@ TEST_F(DiffFileTest, RepairsEveryLineEndMixToCrLf) {
   for (const auto& c : cases) {
     SCOPED_TRACE(c.in);
     EXPECT_EQ(Le(c.out), Load(c.in).text);
-    // The same text as UTF-16 with a mark is repaired the same way.
+    // The same text as UTF-16 with a mark is repaired the same way, and so
+    // is text that the converter (not the ASCII path) decodes.
     EXPECT_EQ(Le(c.out), Load("\xFF\xFE" + Le(c.in)).text);
+    EXPECT_EQ(std::string("\xE9\x00", 2) + Le(c.out), Load("\xE9" + std::string(c.in)).text);
   }
 }
 
