@@ -5,6 +5,9 @@
 #include <cstdio>
 #include <ctime>
 #include <cwchar>
+#ifdef _WIN32
+#include <oleauto.h>
+#endif
 
 namespace {
 
@@ -167,15 +170,24 @@ CString COleDateTime::Format(LPCWSTR format) const {
 #endif
 }
 
-// Natively the user's locale is taken as US English, the text the platform
-// gives for LOCALE_USER_DEFAULT on a default installation: "1/14/2004
-// 12:00:00 PM"; a date alone or a time alone when the value has only that.
+// On Windows the text is VarBstrFromDate's.  Natively the user's locale is
+// taken as US English, the text the platform gives for LOCALE_USER_DEFAULT on
+// a default installation: "1/14/2004 12:00:00 PM"; a date alone or a time
+// alone when the value has only that.
 CString COleDateTime::Format(DWORD flags, LCID locale) const {
   if (m_status == null)
     return CString();
   SYSTEMTIME st;
   if (!GetAsSystemTime(st))
     return InvalidText();
+#ifdef _WIN32
+  BSTR text = nullptr;
+  if (FAILED(VarBstrFromDate(m_dt, locale, flags, &text)))
+    return InvalidText();
+  CString out(text);
+  SysFreeString(text);
+  return out;
+#else
   const bool hasDate = std::trunc(m_dt) != 0.0;
   const bool hasTime = st.wHour || st.wMinute || st.wSecond;
   CString out;
@@ -188,4 +200,5 @@ CString COleDateTime::Format(DWORD flags, LCID locale) const {
     out = out.IsEmpty() ? t : out + _T(" ") + t;
   }
   return out;
+#endif
 }
