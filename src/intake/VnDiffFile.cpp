@@ -84,6 +84,22 @@ unsigned long FindZeroUnit(const unsigned short* u, unsigned long i, unsigned lo
   return i;
 }
 
+// One past the last 0 unit before k, or 0 when there is none; four units
+// at a time as above, going backwards.
+unsigned long ZeroUnitBefore(const unsigned short* u, unsigned long k) {
+  const uint64_t kOne = 0x0001000100010001ULL, kHigh = 0x8000800080008000ULL;
+  while (k >= 4) {
+    uint64_t x;
+    memcpy(&x, u + k - 4, sizeof x);
+    if ((x - kOne) & ~x & kHigh)
+      break;
+    k -= 4;
+  }
+  while (k > 0 && u[k - 1] != 0)
+    --k;
+  return k;
+}
+
 // Second pass of the repair into a new array: the runs between marks are
 // copied whole, and every 0 unit among the first n becomes CR LF.
 void CopyGrowingMarks(const unsigned short* u, unsigned long n, unsigned short* out) {
@@ -105,9 +121,7 @@ void CopyGrowingMarks(const unsigned short* u, unsigned long n, unsigned short* 
 void GrowMarksInPlace(unsigned short* u, unsigned long n, unsigned long marks) {
   unsigned long w = n + marks, k = n;
   while (k > 0) {
-    unsigned long start = k;
-    while (start > 0 && u[start - 1] != 0)
-      --start;
+    const unsigned long start = ZeroUnitBefore(u, k);
     w -= k - start;
     memmove(u + w, u + start, 2 * (k - start));
     k = start;
@@ -127,22 +141,21 @@ bool AsciiIsIdentity(unsigned int cp) {
          (cp >= 28591 && cp <= 28605);
 }
 
-bool AllAscii(const unsigned char* data, unsigned long size) {
+// One pass over the bytes: whether all are ASCII, and an upper bound of the
+// line ends the repair will have to grow (every CR and LF may become CR LF,
+// except the two units of a CR LF pair, which never do).  Written as plain
+// counting loops so that the compiler can vectorize them.
+bool ScanAscii(const unsigned char* data, unsigned long size, unsigned long& bound) {
   unsigned char any = 0;
-  for (unsigned long i = 0; i < size; ++i)
-    any |= data[i];
-  return (any & 0x80) == 0;
-}
-
-// An upper bound of the line ends the repair will have to grow: every CR and
-// LF may become CR LF, except the two units of a CR LF pair, which never do.
-unsigned long RepairBound(const unsigned char* data, unsigned long size) {
   unsigned long ends = 0, pairs = 0;
   for (unsigned long i = 0; i < size; ++i) {
-    ends += data[i] == 10 || data[i] == 13;
-    pairs += data[i] == 13 && i + 1 < size && data[i + 1] == 10;
+    any |= data[i];
+    ends += (data[i] == 10) | (data[i] == 13);
   }
-  return ends - 2 * pairs;
+  for (unsigned long i = 0; i + 1 < size; ++i)
+    pairs += (data[i] == 13) & (data[i + 1] == 10);
+  bound = ends - 2 * pairs;
+  return (any & 0x80) == 0;
 }
 
 // MultiByteToWideChar(codePage, 0, ...) into a new array of 2 bytes a unit:
@@ -152,8 +165,9 @@ unsigned long RepairBound(const unsigned char* data, unsigned long size) {
 // repair, so that the repair needs no second array.
 unsigned char* DecodeToUtf16(unsigned int codePage, const unsigned char* in, unsigned long size,
                              unsigned long& outSize, size_t& capacity) {
-  if (AsciiIsIdentity(codePage) && AllAscii(in, size)) {
-    capacity = 2 * (static_cast<size_t>(size) + RepairBound(in, size));
+  unsigned long bound = 0;
+  if (AsciiIsIdentity(codePage) && ScanAscii(in, size, bound)) {
+    capacity = 2 * (static_cast<size_t>(size) + bound);
     unsigned char* out = new unsigned char[capacity];
     for (unsigned long i = 0; i < size; ++i) {
       out[2 * i] = in[i];
