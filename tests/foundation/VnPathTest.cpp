@@ -365,6 +365,60 @@ TEST(VnPathTest, SpecListSplitsAtQuotesCommasSemicolonsAndBlanks) {
     EXPECT_EQ(c.match, NameIsInSpecList(W(c.name), W(c.list))) << c.name << " in " << c.list;
 }
 
+//===-- Long paths and roots ------------------------------------------------===//
+
+// Texts around the 260-character limit of the file system functions: the
+// text functions have no limit of their own and give the same answers at
+// every length.
+TEST(VnPathTest, TextFunctionsTreatPathsAroundTheLimitAlike) {
+  for (int length : {259, 260, 261}) {
+    CString p(_T("c:\\"));
+    while (p.GetLength() < length - 10)
+      p += _T("dir\\");
+    p += CString(_T('f'), length - p.GetLength());
+    ASSERT_EQ(length, p.GetLength());
+    EXPECT_EQ(U8(p), U8(GetCanonicalPathName(p + _T("\\"), 1))) << length;
+    EXPECT_TRUE(IsSamePath(p, p + _T("\\.\\x\\..")));
+    CString relative;
+    EXPECT_EQ(1, GetRelativePath(p, _T("c:\\dir\\other.txt"), relative));
+    EXPECT_EQ(U8(p.Mid(7)), U8(relative)) << length;
+    CString dir, file;
+    SeparatePathAndFile(p, dir, file);
+    EXPECT_EQ(length, dir.GetLength() + file.GetLength()) << length;
+    CString full = p;
+    EXPECT_EQ(1, GetValidPathName(full)) << length;
+    EXPECT_EQ(U8(p), U8(full)) << length;
+  }
+}
+
+TEST(VnPathTest, DriveRootsKeepTheirMeaning) {
+  struct Case {
+    const char *path, *canonical;
+    int hasEnd, dos;
+  } cases[] = {{"c:\\", "c:", 1, 1}, {"c:", "c:", 0, 1}, {"C:/", "C:", 1, 1}, {"\\\\srv\\", "\\\\srv", 1, 1}};
+  for (const Case& c : cases) {
+    EXPECT_EQ(c.canonical, U8(GetCanonicalPathName(W(c.path), 1))) << c.path;
+    EXPECT_EQ(c.hasEnd, PathHasEndSlash(W(c.path))) << c.path;
+    EXPECT_EQ(c.dos, IsDOSAbsolutePath(W(c.path))) << c.path;
+  }
+  CString relative;
+  EXPECT_EQ(1, GetRelativePath(_T("c:\\f.txt"), _T("C:\\"), relative));
+  EXPECT_EQ("f.txt", U8(relative));
+  EXPECT_EQ(1, GetRelativePath(_T("c:\\f.txt"), _T("c:"), relative));
+  EXPECT_EQ("\\f.txt", U8(relative));  // "c:" has no element to match the root's
+}
+
+TEST(VnPathTest, TheRootIsADirectoryThatNeedsNoCreating) {
+#ifdef _WIN32
+  const LPCWSTR root = _T("c:\\");
+#else
+  const LPCWSTR root = _T("/");
+#endif
+  EXPECT_EQ(1, IsDir(root));
+  EXPECT_EQ(1, EnsureValidPath(root));
+  EXPECT_EQ(1, CreatePathTree(root));
+}
+
 //===-- Validity and the file system ----------------------------------------===//
 
 TEST(VnPathTest, ValidPathNameRefusesWildcardsColonsAndSlips) {
