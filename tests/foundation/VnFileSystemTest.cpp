@@ -189,16 +189,6 @@ TEST(VnFileSystemTest, NamesRoundTripForRandomIdsAndExtensions) {
   }
 }
 
-TEST(VnFileSystemTest, CopiesKeepRootAndNumber) {
-  CVnFileSystem a(_T("x:\\a"), 17), b(_T("y:\\b\\"), 3);
-  CVnFileSystem c(a);
-  b = a;
-  for (const CVnFileSystem* s : {&b, &c}) {
-    EXPECT_EQ("x:\\a\\", U8(s->GetRoot()));
-    EXPECT_EQ(17u, s->GetNumber());
-  }
-}
-
 //===-- Free space ----------------------------------------------------------===//
 
 TEST(VnFileSystemTest, FreeSpaceIsCappedAt32BitsAndFailsTheSameWay) {

@@ -391,23 +391,6 @@ TEST(VnPathTest, TextFunctionsTreatPathsAroundTheLimitAlike) {
   }
 }
 
-TEST(VnPathTest, DriveRootsKeepTheirMeaning) {
-  struct Case {
-    const char *path, *canonical;
-    int hasEnd, dos;
-  } cases[] = {{"c:\\", "c:", 1, 1}, {"c:", "c:", 0, 1}, {"C:/", "C:", 1, 1}, {"\\\\srv\\", "\\\\srv", 1, 1}};
-  for (const Case& c : cases) {
-    EXPECT_EQ(c.canonical, U8(GetCanonicalPathName(W(c.path), 1))) << c.path;
-    EXPECT_EQ(c.hasEnd, PathHasEndSlash(W(c.path))) << c.path;
-    EXPECT_EQ(c.dos, IsDOSAbsolutePath(W(c.path))) << c.path;
-  }
-  CString relative;
-  EXPECT_EQ(1, GetRelativePath(_T("c:\\f.txt"), _T("C:\\"), relative));
-  EXPECT_EQ("f.txt", U8(relative));
-  EXPECT_EQ(1, GetRelativePath(_T("c:\\f.txt"), _T("c:"), relative));
-  EXPECT_EQ("\\f.txt", U8(relative));  // "c:" has no element to match the root's
-}
-
 TEST(VnPathTest, TheRootIsADirectoryThatNeedsNoCreating) {
 #ifdef _WIN32
   const LPCWSTR root = _T("c:\\");

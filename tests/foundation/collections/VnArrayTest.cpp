@@ -193,12 +193,6 @@ TEST(VnSortableArrayTest, EqualityNeedsTheSameElementsInTheSameOrder) {
   EXPECT_FALSE(a == d);
 }
 
-TEST(VnSortableArrayTest, ElementAccessOutsideRaisesInvalidArgument) {
-  Longs a{1};
-  EXPECT_TRUE(RaisesInvalidArg([&] { a.GetAt(1); }));
-  EXPECT_TRUE(RaisesInvalidArg([&] { a.RemoveAt(-1); }));
-}
-
 // A subclass that reverses the order overrides both virtuals; search and
 // merge then follow the new order.
 class DescendingLongs : public CVnSortableLongArray {
