@@ -7,7 +7,8 @@
 //
 // Line-end repair, on UTF-16LE units: CR LF stays; LF CR is swapped in place
 // to CR LF; a lone CR or lone LF is marked with a 0 unit and, in a second
-// pass, written out as CR LF.  A NUL unit ends the scan; the text behind it
+// pass, written out as CR LF (in place when the decoder left room for the
+// growth, as it does for ASCII text, else into a new array).  A NUL unit ends the scan; the text behind it
 // is kept when nothing needed repair and dropped otherwise.  No line end is
 // added at the end of the file.  A text with only CR LF ends is scanned once
 // and not copied, and UTF-16LE input is not copied at all unless repaired.
