@@ -22,6 +22,12 @@ function(vn_add_test name)
   target_include_directories(${name} PRIVATE ${CMAKE_SOURCE_DIR}/tests)
   add_test(NAME ${name} COMMAND ${name})
   set_tests_properties(${name} PROPERTIES ENVIRONMENT "VN_SOURCE_DIR=${CMAKE_SOURCE_DIR}")
+  if(NOT WIN32)
+    # The native ANSI code page follows the locale: the suites run under a
+    # UTF-8 one whatever the machine's (a fresh CI box often has none).
+    set_tests_properties(${name} PROPERTIES ENVIRONMENT_MODIFICATION
+                         "LANG=set:C.UTF-8;LC_ALL=unset:;LC_CTYPE=unset:")
+  endif()
 endfunction()
 
 # vn_add_test_dir(<name> [LIBS ...])
