@@ -541,6 +541,23 @@ TEST(VnPathTest, EnsureValidFileLeavesNoTrialFileBehind) {
   EXPECT_EQ(0, EnsureValidFile(scratch.Path() + _T("new")));  // a directory
 }
 
+#ifdef _WIN32
+// A file another handle holds exclusively can be neither opened nor
+// created anew; the trial must not replace it.
+TEST(VnPathTest, AnExclusivelyHeldFileIsNoFileAndStaysIntact) {
+  ScratchDir scratch;
+  CString held = scratch.Path() + _T("held.txt");
+  { std::ofstream(FsPath(held)) << "data"; }
+  HANDLE h = ::CreateFileW(held, GENERIC_READ, 0, nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+  ASSERT_NE(INVALID_HANDLE_VALUE, h);
+  EXPECT_EQ(0, IsFile(held));
+  EXPECT_EQ(0, EnsureValidFile(held));
+  ::CloseHandle(h);
+  EXPECT_EQ(1, IsFile(held));
+  EXPECT_EQ(4u, std::filesystem::file_size(FsPath(held)));
+}
+#endif
+
 TEST(VnPathTest, PathGettersEndInASeparator) {
   CString current, temp, app;
   GetCurrentPath(current);
