@@ -1,6 +1,8 @@
 // CArrayTest.cpp - growable arrays and the hash map.
 #include "afx/afx.h"
 
+#include "TestSupport.h"
+
 #include <gtest/gtest.h>
 
 #include <map>
@@ -8,17 +10,7 @@
 
 namespace {
 
-template <class F>
-bool RaisesInvalidArg(F f) {
-  try {
-    f();
-  } catch (CException* e) {
-    bool ok = e->IsKindOf(RUNTIME_CLASS(CInvalidArgException));
-    e->Delete();
-    return ok;
-  }
-  return false;
-}
+using namespace vn::test;
 
 TEST(CArrayTest, GrowsInsertsAndRemoves) {
   CDWordArray a;

@@ -3,9 +3,13 @@
 
 #include "afx/afx.h"
 
+#include "TestSupport.h"
+
 #include <gtest/gtest.h>
 
 namespace {
+
+using namespace vn::test;
 
 TEST(CStringATest, ConstructsFromNullPartsAndWholeTexts) {
   EXPECT_TRUE(CStringA(static_cast<LPCSTR>(nullptr)).IsEmpty());
@@ -33,13 +37,7 @@ TEST(CStringATest, CompareOrdersBytesAsUnsigned) {
 }
 
 TEST(CStringATest, IndexOutsideRaisesInvalidArgument) {
-  try {
-    CStringA("a").GetAt(1);
-    FAIL() << "no exception";
-  } catch (CException* e) {
-    EXPECT_TRUE(e->IsKindOf(RUNTIME_CLASS(CInvalidArgException)));
-    e->Delete();
-  }
+  EXPECT_TRUE(RaisesInvalidArg([] { CStringA("a").GetAt(1); }));
 }
 
 }  // namespace

@@ -2,12 +2,16 @@
 #include "afx/afx.h"
 #include "afx/portable/CStringList.h"
 
+#include "TestSupport.h"
+
 #include <gtest/gtest.h>
 
 #include <string>
 #include <vector>
 
 namespace {
+
+using namespace vn::test;
 
 std::vector<std::string> Forward(const CStringList& l) {
   std::vector<std::string> out;
@@ -70,23 +74,13 @@ TEST(CStringListTest, FindsExactTextAfterAPosition) {
 TEST(CStringListTest, EmptyEndsAndNullPositionsRaiseInvalidArgument) {
   CStringList l;
   POSITION none = nullptr;
-  auto raises = [](auto f) {
-    try {
-      f();
-    } catch (CException* e) {
-      bool ok = e->IsKindOf(RUNTIME_CLASS(CInvalidArgException));
-      e->Delete();
-      return ok;
-    }
-    return false;
-  };
-  EXPECT_TRUE(raises([&] { l.GetHead(); }));
-  EXPECT_TRUE(raises([&] { l.GetTail(); }));
-  EXPECT_TRUE(raises([&] { l.RemoveHead(); }));
-  EXPECT_TRUE(raises([&] { l.RemoveTail(); }));
-  EXPECT_TRUE(raises([&] { l.GetNext(none); }));
-  EXPECT_TRUE(raises([&] { l.GetPrev(none); }));
-  EXPECT_TRUE(raises([&] { l.GetAt(none); }));
+  EXPECT_TRUE(RaisesInvalidArg([&] { l.GetHead(); }));
+  EXPECT_TRUE(RaisesInvalidArg([&] { l.GetTail(); }));
+  EXPECT_TRUE(RaisesInvalidArg([&] { l.RemoveHead(); }));
+  EXPECT_TRUE(RaisesInvalidArg([&] { l.RemoveTail(); }));
+  EXPECT_TRUE(RaisesInvalidArg([&] { l.GetNext(none); }));
+  EXPECT_TRUE(RaisesInvalidArg([&] { l.GetPrev(none); }));
+  EXPECT_TRUE(RaisesInvalidArg([&] { l.GetAt(none); }));
 }
 
 }  // namespace

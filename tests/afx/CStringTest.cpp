@@ -1,11 +1,13 @@
 // CStringTest.cpp - the 16-bit string: construction, editing, formatting.
 #include "afx/afx.h"
 
+#include "TestSupport.h"
+
 #include <gtest/gtest.h>
 
 namespace {
 
-std::string U8(const CString& s) { return VnToUtf8(s); }
+using namespace vn::test;
 
 TEST(CStringTest, ConstructsFromWideNarrowAndRepeats) {
   EXPECT_EQ("abc", U8(CString(_T("abc"))));
@@ -72,13 +74,7 @@ TEST(CStringTest, BufferRoundTrip) {
 TEST(CStringTest, IndexOutsideRaisesInvalidArgument) {
   CString s(_T("ab"));
   EXPECT_EQ(0, s.GetAt(2));  // the terminator is readable
-  try {
-    s.GetAt(3);
-    FAIL() << "no exception";
-  } catch (CException* e) {
-    EXPECT_TRUE(e->IsKindOf(RUNTIME_CLASS(CInvalidArgException)));
-    e->Delete();
-  }
+  EXPECT_TRUE(RaisesInvalidArg([&] { s.GetAt(3); }));
 }
 
 struct FormatCase {

@@ -4,6 +4,8 @@
 
 #include "foundation/VnPath.h"
 
+#include "TestSupport.h"
+
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -15,20 +17,7 @@
 
 namespace {
 
-std::string U8(const CString& s) { return VnToUtf8(s); }
-CString W(const char* utf8) { return VnFromUtf8(utf8); }
-
-std::filesystem::path FsPath(const CString& p) {
-#ifdef _WIN32
-  return std::filesystem::path(std::wstring(p.GetString()));
-#else
-  std::string s = U8(p);
-  for (char& c : s)
-    if (c == '\\')
-      c = '/';
-  return std::filesystem::path(s);
-#endif
-}
+using namespace vn::test;
 
 std::string ReadAll(const CString& path) {
   std::ifstream in(FsPath(path), std::ios::binary);
@@ -119,14 +108,7 @@ TEST(VnFileSystemTest, NamesWriteTheIdInEightUpperCaseHexDigits) {
 TEST(VnFileSystemTest, AnExtensionMustLeaveTheNameWithin260Characters) {
   const CVnFileSystem store(_T("c:\\s"), 0);
   EXPECT_EQ(5 + 259, store.GetFilePath(1, CString(_T('e'), 250)).GetLength());
-  bool threw = false;
-  try {
-    store.GetFilePath(1, CString(_T('e'), 251));
-  } catch (CException* e) {
-    threw = e->IsKindOf(RUNTIME_CLASS(CInvalidArgException));
-    e->Delete();
-  }
-  EXPECT_TRUE(threw);
+  EXPECT_TRUE(RaisesInvalidArg([&] { store.GetFilePath(1, CString(_T('e'), 251)); }));
 }
 
 TEST(VnFileSystemTest, FileIdsAreReadFromTheNameBehindTheLastSeparator) {

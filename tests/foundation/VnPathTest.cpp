@@ -5,6 +5,8 @@
 
 #include "foundation/VnException.h"
 
+#include "TestSupport.h"
+
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -19,21 +21,7 @@
 
 namespace {
 
-std::string U8(const CString& s) { return VnToUtf8(s); }
-CString W(const char* utf8) { return VnFromUtf8(utf8); }
-
-// A path for std::filesystem, with the component's backslashes made native.
-std::filesystem::path FsPath(const CString& p) {
-#ifdef _WIN32
-  return std::filesystem::path(std::wstring(p.GetString()));
-#else
-  std::string s = U8(p);
-  for (char& c : s)
-    if (c == '\\')
-      c = '/';
-  return std::filesystem::path(s);
-#endif
-}
+using namespace vn::test;
 
 // A fresh directory below the temporary directory, removed with everything
 // in it at the end of the test.  Its path ends in a backslash.

@@ -2,6 +2,8 @@
 // difference of two sorted arrays, and the concrete string and long arrays.
 #include "foundation/collections/VnArray.h"
 
+#include "TestSupport.h"
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -9,6 +11,8 @@
 #include <vector>
 
 namespace {
+
+using namespace vn::test;
 
 // A long array filled from a list, for short tables.
 class Longs : public CVnSortableLongArray {
@@ -24,18 +28,6 @@ std::vector<long> Values(const CVnSortableLongArray& a) {
   for (INT_PTR i = 0; i < a.GetSize(); ++i)
     v.push_back(a[i]);
   return v;
-}
-
-template <class F>
-bool RaisesInvalidArg(F f) {
-  try {
-    f();
-  } catch (CException* e) {
-    bool ok = e->IsKindOf(RUNTIME_CLASS(CInvalidArgException));
-    e->Delete();
-    return ok;
-  }
-  return false;
 }
 
 TEST(VnSortableArrayTest, SortOrdersSignedAndRemovesDuplicates) {

@@ -8,6 +8,8 @@
 #include "engine/VnDiffArg.h"
 #include "options/VnReconcileApp.h"
 
+#include "TestSupport.h"
+
 #include <gtest/gtest.h>
 
 #include <string>
@@ -242,14 +244,8 @@ TEST(VnRichEditPaneInsertDeletedLines, ASourceOutsideTheLineSetFailsAfterTheLine
   PaneWindows windows;
   windows.Pane().SetLineTerminator(L"\r\n");
   windows.Fill(L"a|b");
-  bool failed = false;
-  try {
-    windows.Edit().InsertDeletedLines(other.arg, 2, 3, 2, 0, 0, vn::test::ColorFormat(kRed));
-  } catch (CException* e) {
-    failed = e->IsKindOf(RUNTIME_CLASS(CInvalidArgException));
-    e->Delete();
-  }
-  EXPECT_TRUE(failed);
+  EXPECT_TRUE(vn::test::RaisesInvalidArg(
+      [&] { windows.Edit().InsertDeletedLines(other.arg, 2, 3, 2, 0, 0, vn::test::ColorFormat(kRed)); }));
   EXPECT_EQ(std::wstring(L"a|y|b"), Rows(windows.Edit()));
 }
 
