@@ -342,4 +342,51 @@ TEST_F(VndiffTest, DamagedDeltaIsRefusedAndLeavesNoOutput) {
   EXPECT_EQ("a\nB\nc\n", Read("out"));
 }
 
+//===-- Text that does not decode cleanly ----------------------------------===//
+
+// Damaged text is no trouble: it is compared as the decoder reads it, with
+// the replacement character for bytes that are no UTF-8 and the half unit
+// at the end of a UTF-16 file left out.
+TEST_F(VndiffTest, DamagedTextIsComparedAsDecoded) {
+  Write("ab", "a\nb\n");
+  Write("utf16-odd", std::string("\xFF\xFE" "a\0\n\0" "b", 7));
+  Write("bad-utf8", "caf\xC3(\n");
+  Write("good-utf8", "caf\xC3\xA9\n");
+  const struct {
+    const char* args;
+    const char* out;
+  } cases[] = {
+      {"utf16-odd ab", "1a2\n> b\n"},
+      {"bad-utf8 good-utf8", "1c1\n< caf\xEF\xBF\xBD(\n---\n> caf\xC3\xA9\n"},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.args);
+    Outcome r = Vndiff(c.args);
+    EXPECT_EQ(1, r.status) << r.err;
+    EXPECT_EQ(c.out, r.out);
+    EXPECT_EQ("", r.err);
+  }
+}
+
+// Root reads any file, so as root the program runs as nobody for this one.
+TEST_F(VndiffTest, UnreadableFileIsTrouble) {
+  std::string as = "";
+  if (geteuid() == 0) {
+    if (system("setpriv --version > /dev/null 2>&1") != 0)
+      GTEST_SKIP() << "running as root without setpriv to drop privileges";
+    as = "setpriv --reuid=65534 --regid=65534 --clear-groups ";
+    if (system((as + "test -x " + VNDIFF_PATH).c_str()) != 0)
+      GTEST_SKIP() << "the build directory is closed to an unprivileged user";
+    chmod(m_dir.c_str(), 0777);
+  }
+  Write("a", "x\n");
+  Write("locked", "x\n");
+  chmod(Path("a").c_str(), 0644);
+  chmod(Path("locked").c_str(), 0);
+  const std::string cmd = "cd '" + m_dir + "' && " + as + VNDIFF_PATH + " a locked > .out 2> .err < /dev/null";
+  const int raw = system(cmd.c_str());
+  EXPECT_EQ(2, WIFEXITED(raw) ? WEXITSTATUS(raw) : -1);
+  EXPECT_EQ("vndiff: Cannot open file locked. Access is denied.\n", Read(".err"));
+}
+
 }  // namespace
