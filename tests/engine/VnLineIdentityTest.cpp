@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <vector>
 
 namespace {
 
@@ -56,6 +57,33 @@ TEST(VnLineIdentityTest, HashHasKnownValues) {
   EXPECT_EQ(0x61u * 6293815u, Hash("a", none));
   EXPECT_NE(Hash("ab", none), Hash("ba", none));  // order matters
   EXPECT_EQ(Hash("\xE9", none), 0xE9u * 6293815u);  // bytes are zero-extended
+}
+
+// Lines of every length up to 40 and around 512 units, with units above
+// 0x7FFF: the hash without flags must match the defined sum unit by unit,
+// and the flagged walk must give the same value when no unit is skipped or
+// folded.
+TEST(VnLineIdentityTest, HashWithoutFlagsIsTheDefinedSumAtEveryLength) {
+  const CVnLineFlags none = Flags(false, false, false), ws = Flags(true, false, false);
+  std::vector<size_t> lengths = {511, 512, 513, 516, 2000};
+  for (size_t n = 0; n <= 40; ++n)
+    lengths.push_back(n);
+  for (size_t n : lengths) {
+    std::string narrow, wide;
+    uint32_t expected = 0, pos = 1, weight = 6293815u;
+    for (size_t i = 0; i < n; ++i) {
+      const unsigned unit = 0x41u + static_cast<unsigned>(i * 7919u % 0xFFBFu);
+      wide += static_cast<char>(unit & 0xFF);
+      wide += static_cast<char>(unit >> 8);
+      narrow += static_cast<char>(0x21 + i * 37 % 0xDE);
+      expected += unit * pos++ * weight;
+      weight *= 6293815u;
+    }
+    CVnDiffLine w = Line(wide, true), w2 = Line(wide, true), b = Line(narrow), b2 = Line(narrow);
+    EXPECT_EQ(expected, VnHashLine(w, none)) << n;
+    EXPECT_EQ(VnHashLine(w2, ws), w.GetHash()) << n;
+    EXPECT_EQ(VnHashLine(b2, ws), VnHashLine(b, none)) << n;
+  }
 }
 
 TEST(VnLineIdentityTest, SkippedUnitsDoNotMoveTheOthers) {
