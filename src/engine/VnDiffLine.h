@@ -3,6 +3,8 @@
 // The record never owns its bytes.  The length excludes the terminator and
 // counts bytes (twice the units for 16-bit text).  The hash is 0 until a
 // comparison writes it under that comparison's flags; copies keep it.
+// Records made with new come from the line pool (VnLinePool.h): a line set
+// makes one per line, and the general heap would spend a header on each.
 #ifndef VN_ENGINE_VNDIFFLINE_H
 #define VN_ENGINE_VNDIFFLINE_H
 
@@ -17,6 +19,9 @@ public:
       : m_pBytes(bytes), m_nLength(length), m_nHash(0), m_bWide(wide ? 1 : 0) {}
   CVnDiffLine(const CVnDiffLine&) = default;
   CVnDiffLine& operator=(const CVnDiffLine&) = default;
+
+  static void* operator new(size_t size);
+  static void operator delete(void* p, size_t size) noexcept;
 
   const unsigned char* GetBytes() const { return m_pBytes; }
   uint32_t GetLength() const { return m_nLength; }

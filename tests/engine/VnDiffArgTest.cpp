@@ -54,6 +54,30 @@ TEST(VnDiffArgTest, SplitsAtTheTerminatorOnly) {
   }
 }
 
+// Lines of 0 to 9 units, so that terminators fall in every lane of the
+// four-unit search, in buffers at even and odd addresses; units whose high
+// byte is 10 (0x0A61) or whose low byte is 10 (0x610A) are no terminators.
+TEST(VnDiffArgTest, SplitsSixteenBitUnitsAtEveryOffset) {
+  for (size_t offset = 0; offset < 2; ++offset) {
+    std::string text, expected;
+    for (int len = 0; len <= 9; ++len) {
+      for (int k = 0; k < len; ++k)
+        text += k % 3 == 0 ? std::string("a\x0A", 2) : k % 3 == 1 ? std::string("\x0A" "a", 2) : std::string("b\0", 2);
+      text += std::string("\n\0", 2);
+    }
+    text += std::string("z\0", 2);  // an unterminated last line
+    std::string buffer = std::string(offset, 'x') + text;
+    CVnDiffArg arg(CVnFileInfo::Text16, 0);
+    arg.Create(buffer.data() + offset, static_cast<unsigned long>(text.size()));
+    const CVnDiffLineArray& lines = arg.GetLines();
+    ASSERT_EQ(11, lines.GetSize()) << offset;
+    for (int len = 0; len <= 9; ++len)
+      EXPECT_EQ(2u * len, lines.GetAt(len)->GetLength()) << "offset " << offset << " line " << len;
+    EXPECT_EQ(2u, lines.GetAt(10)->GetLength());
+    EXPECT_FALSE(arg.GetFileInfo().HasEndingTerminator());
+  }
+}
+
 TEST(VnDiffArgTest, LineRecordsPointIntoTheBuffer) {
   auto set = MakeSet("ab\n\ncd", CVnFileInfo::Text8);
   const CVnDiffLineArray& lines = set.arg->GetLines();

@@ -1,0 +1,106 @@
+// VnLinePool.cpp - slabs of line records.
+//
+// Slab layout: a 64-byte header (the live count) and then blocks laid end to
+// end.  Each thread bumps through its own current slab, so allocation takes
+// no lock; only the live count is shared, since a record may be freed on
+// another thread.  The thread's hold on its current slab is dropped when the
+// slab is full and a new one is taken; a thread that ends keeps its last
+// slab (at most 64 KiB) for good.
+//
+// Under AddressSanitizer a freed block is poisoned, so a use after free of a
+// record is still caught although the slab lives on.
+#include "engine/VnLinePool.h"
+
+#include <atomic>
+#include <cassert>
+#include <cstdint>
+#include <cstdlib>
+#include <new>
+#ifdef _WIN32
+#include <malloc.h>
+#endif
+
+#if defined(__SANITIZE_ADDRESS__)
+#include <sanitizer/asan_interface.h>
+#define VN_POISON(p, n) ASAN_POISON_MEMORY_REGION(p, n)
+#define VN_UNPOISON(p, n) ASAN_UNPOISON_MEMORY_REGION(p, n)
+#else
+#define VN_POISON(p, n) ((void)(p), (void)(n))
+#define VN_UNPOISON(p, n) ((void)(p), (void)(n))
+#endif
+
+namespace {
+
+const size_t kSlabSize = 64 * 1024;
+const size_t kHeaderSize = 64;
+
+struct Slab {
+  std::atomic<uint32_t> live;
+};
+
+struct Cursor {
+  unsigned char* slab;  // current slab, or null
+  size_t used;          // bytes handed out from it, header included
+};
+
+thread_local Cursor t_cursor = {nullptr, 0};
+
+unsigned char* NewSlab() {
+  void* p = nullptr;
+#ifdef _WIN32
+  p = _aligned_malloc(kSlabSize, kSlabSize);
+#else
+  if (posix_memalign(&p, kSlabSize, kSlabSize) != 0)
+    p = nullptr;
+#endif
+  if (!p)
+    throw std::bad_alloc();
+  new (p) Slab{{1}};  // the creating thread's hold
+  return static_cast<unsigned char*>(p);
+}
+
+void DeleteSlab(unsigned char* slab) {
+  static_cast<Slab*>(static_cast<void*>(slab))->~Slab();
+  VN_UNPOISON(slab, kSlabSize);
+#ifdef _WIN32
+  _aligned_free(slab);
+#else
+  free(slab);
+#endif
+}
+
+// Drops one count of the slab; the last one frees it.
+void Release(unsigned char* slab) {
+  if (reinterpret_cast<Slab*>(slab)->live.fetch_sub(1, std::memory_order_acq_rel) == 1)
+    DeleteSlab(slab);
+}
+
+}  // namespace
+
+void* VnLinePoolAlloc(size_t size) {
+  assert(size <= kVnLinePoolMaxBlock && "the pool serves small records only");
+  size = (size + 7) & ~static_cast<size_t>(7);
+  Cursor& c = t_cursor;
+  if (!c.slab || c.used + size > kSlabSize) {
+    unsigned char* fresh = NewSlab();
+    VN_POISON(fresh + kHeaderSize, kSlabSize - kHeaderSize);
+    if (c.slab)
+      Release(c.slab);
+    c.slab = fresh;
+    c.used = kHeaderSize;
+  }
+  reinterpret_cast<Slab*>(c.slab)->live.fetch_add(1, std::memory_order_relaxed);
+  unsigned char* block = c.slab + c.used;
+  c.used += size;
+  VN_UNPOISON(block, size);
+  return block;
+}
+
+void VnLinePoolFree(void* block, size_t size) noexcept {
+  if (!block)
+    return;
+  unsigned char* slab = reinterpret_cast<unsigned char*>(reinterpret_cast<uintptr_t>(block) & ~(kSlabSize - 1));
+  assert(static_cast<unsigned char*>(block) >= slab + kHeaderSize && "a block lies behind its slab's header");
+  VN_POISON(block, size);
+  Release(slab);
+}

@@ -1,0 +1,23 @@
+// VnLinePool.h - where line records live: slabs of fixed-size blocks.
+//
+// A comparison makes one record per line, hundreds of thousands at a time,
+// and frees them all together.  The general heap spends a header and a
+// search on each; the pool hands them out by bumping a cursor through 64 KiB
+// slabs, each aligned to its own size, so that a record finds its slab by
+// masking its address.  A slab counts its live records (plus one while it is
+// some thread's current slab) and goes back to the heap when the count
+// reaches 0.  Freed blocks are not reused before their whole slab is freed.
+#ifndef VN_ENGINE_VNLINEPOOL_H
+#define VN_ENGINE_VNLINEPOOL_H
+
+#include <cstddef>
+
+// A block of `size` bytes (at most kVnLinePoolMaxBlock); raises
+// std::bad_alloc when no slab can be had.  Thread-safe.
+void* VnLinePoolAlloc(size_t size);
+// Gives back a block of `size` bytes from VnLinePoolAlloc, from any thread.
+void VnLinePoolFree(void* block, size_t size) noexcept;
+
+const size_t kVnLinePoolMaxBlock = 64;
+
+#endif  // VN_ENGINE_VNLINEPOOL_H
