@@ -4,8 +4,7 @@
 // end.  Each thread bumps through its own current slab, so allocation takes
 // no lock; only the live count is shared, since a record may be freed on
 // another thread.  The thread's hold on its current slab is dropped when the
-// slab is full and a new one is taken; a thread that ends keeps its last
-// slab (at most 64 KiB) for good.
+// slab is full and a new one is taken, or when the thread ends.
 //
 // Under AddressSanitizer a freed block is poisoned, so a use after free of a
 // record is still caught although the slab lives on.
@@ -38,12 +37,19 @@ struct Slab {
   std::atomic<uint32_t> live;
 };
 
+void Release(unsigned char* slab);
+
+// A thread's current slab; the thread's hold on it goes when the thread ends.
 struct Cursor {
-  unsigned char* slab;  // current slab, or null
-  size_t used;          // bytes handed out from it, header included
+  unsigned char* slab = nullptr;  // current slab, or null
+  size_t used = 0;                // bytes handed out from it, header included
+  ~Cursor() {
+    if (slab)
+      Release(slab);
+  }
 };
 
-thread_local Cursor t_cursor = {nullptr, 0};
+thread_local Cursor t_cursor;
 
 unsigned char* NewSlab() {
   void* p = nullptr;
