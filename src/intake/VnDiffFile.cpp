@@ -20,6 +20,9 @@
 
 #include <cassert>
 #include <cstring>
+#if defined(__SSE2__)
+#include <emmintrin.h>
+#endif
 
 const unsigned char CVnDiffFile::BINARY_MARKER = 0x01;
 
@@ -142,19 +145,44 @@ bool AsciiIsIdentity(unsigned int cp) {
          (cp >= 28591 && cp <= 28605);
 }
 
+// Set bits of a mask; line ends are sparse, so the loop is short.
+unsigned CountBits(unsigned m) {
+  unsigned n = 0;
+  for (; m; m &= m - 1)
+    ++n;
+  return n;
+}
+
 // One pass over the bytes: whether all are ASCII, and an upper bound of the
 // line ends the repair will have to grow (every CR and LF may become CR LF,
-// except the two units of a CR LF pair, which never do).  Written as plain
-// counting loops so that the compiler can vectorize them.
+// except the two units of a CR LF pair, which never do).  Sixteen bytes at a
+// time with SSE2; a CR LF pair may straddle two blocks.
 bool ScanAscii(const unsigned char* data, unsigned long size, unsigned long& bound) {
   unsigned char any = 0;
-  unsigned long ends = 0, pairs = 0;
-  for (unsigned long i = 0; i < size; ++i) {
+  unsigned long ends = 0, pairs = 0, i = 0;
+  bool crBefore = false;  // the byte before i is a CR
+#if defined(__SSE2__)
+  __m128i seen = _mm_setzero_si128();
+  const __m128i lfKey = _mm_set1_epi8(10), crKey = _mm_set1_epi8(13);
+  for (; i + 16 <= size; i += 16) {
+    const __m128i x = _mm_loadu_si128(reinterpret_cast<const __m128i*>(data + i));
+    seen = _mm_or_si128(seen, x);
+    const unsigned lf = static_cast<unsigned>(_mm_movemask_epi8(_mm_cmpeq_epi8(x, lfKey)));
+    const unsigned cr = static_cast<unsigned>(_mm_movemask_epi8(_mm_cmpeq_epi8(x, crKey)));
+    if (lf | cr) {
+      ends += CountBits(lf | cr);
+      pairs += CountBits(cr & (lf >> 1)) + ((crBefore && (lf & 1)) ? 1 : 0);
+    }
+    crBefore = (cr >> 15) != 0;
+  }
+  any = _mm_movemask_epi8(seen) ? 0x80 : 0;
+#endif
+  for (; i < size; ++i) {
     any |= data[i];
     ends += (data[i] == 10) | (data[i] == 13);
+    pairs += (crBefore && data[i] == 10) ? 1 : 0;
+    crBefore = data[i] == 13;
   }
-  for (unsigned long i = 0; i + 1 < size; ++i)
-    pairs += (data[i] == 13) & (data[i + 1] == 10);
   bound = ends - 2 * pairs;
   return (any & 0x80) == 0;
 }
@@ -195,6 +223,51 @@ unsigned char* DecodeToUtf16(unsigned int codePage, const unsigned char* in, uns
   outSize = 2 * static_cast<unsigned long>(wide.size());
   return out;
 #endif
+}
+
+// ASCII text with no NUL byte, widened and repaired in one pass: every CR
+// LF, LF CR, lone CR and lone LF (taken greedily from the left, as the
+// in-place repair takes them) comes out as CR LF, all else unit for unit.
+// This is what decoding and then repairing give, without the marks and the
+// second pass.  `out` must have room for 2 * (size + bound) bytes, bound
+// from ScanAscii; returns the bytes written.
+unsigned long WidenAndRepair(const unsigned char* in, unsigned long size, unsigned char* out) {
+  unsigned long i = 0, w = 0;
+  while (i < size) {
+#if defined(__SSE2__)
+    // Sixteen bytes at a time until one of them may be a line end (below 14).
+    const __m128i zero = _mm_setzero_si128(), limit = _mm_set1_epi8(14);
+    while (i + 16 <= size) {
+      const __m128i x = _mm_loadu_si128(reinterpret_cast<const __m128i*>(in + i));
+      _mm_storeu_si128(reinterpret_cast<__m128i*>(out + w), _mm_unpacklo_epi8(x, zero));
+      _mm_storeu_si128(reinterpret_cast<__m128i*>(out + w + 16), _mm_unpackhi_epi8(x, zero));
+      const int low = _mm_movemask_epi8(_mm_cmplt_epi8(x, limit));
+      if (low) {
+        const unsigned skip = static_cast<unsigned>(__builtin_ctz(static_cast<unsigned>(low)));
+        i += skip;
+        w += 2 * skip;
+        break;
+      }
+      i += 16;
+      w += 32;
+    }
+    if (i >= size)
+      break;
+#endif
+    const unsigned char c = in[i];
+    if (c == kCR || c == kLF) {
+      const unsigned char partner = c == kCR ? kLF : kCR;
+      i += (i + 1 < size && in[i + 1] == partner) ? 2 : 1;
+      SetUnit(out, w / 2, kCR);
+      SetUnit(out, w / 2 + 1, kLF);
+      w += 4;
+    } else {
+      SetUnit(out, w / 2, c);
+      w += 2;
+      ++i;
+    }
+  }
+  return w;
 }
 
 CString LocalText(UINT id) { return LoadLocalString(GetResourceModule(), id); }
@@ -291,11 +364,13 @@ bool CVnDiffFile::GetFileContents(unsigned char*& text, unsigned long& length) {
     if (m_nFileType == TypeText || m_nFileType == TypeUnicode) {
       unsigned char* out = nullptr;
       unsigned long outSize = 0;
-      data = bytes.Detach();  // the conversion takes the input over
-      ConvertBufferToUTF16LE(data, size, out, outSize);
-      NormalizeCrLfPairs(out, outSize);
-      m_pText = out;
-      m_dwTextLength = static_cast<uint32_t>(outSize);
+      if (!DecodeAsciiRepaired(data, size)) {
+        data = bytes.Detach();  // the conversion takes the input over
+        ConvertBufferToUTF16LE(data, size, out, outSize);
+        NormalizeCrLfPairs(out, outSize);
+        m_pText = out;
+        m_dwTextLength = static_cast<uint32_t>(outSize);
+      }
     } else {
       CString question;
       question.Format(LocalText(161), m_strFileName.GetString());
@@ -400,6 +475,32 @@ void CVnDiffFile::ConvertBufferToUTF16LE(unsigned char*& in, unsigned long& inSi
   }
   in = nullptr;
   inSize = 0;
+}
+
+// The common case in one pass: 8-bit text in a page where ASCII is itself
+// (or UTF-8), all of it ASCII, no NUL.  Sets the text when it applies
+// (the caller still owns and frees `in`); otherwise changes nothing and
+// gives false.
+bool CVnDiffFile::DecodeAsciiRepaired(const unsigned char* in, unsigned long inSize) {
+  if (m_nFileType == TypeUnicode && m_nEncoding != EncodingUTF8)
+    return false;
+  const unsigned long skip = m_nFileType == TypeUnicode && m_bHasBOM ? 3 : 0;
+  if (inSize <= skip)
+    return false;
+  const unsigned int page = m_nFileType == TypeUnicode ? 65001u : m_nCodePage;
+  const unsigned char* start = in + skip;
+  const unsigned long rest = inSize - skip;
+  unsigned long bound = 0;
+  if (!AsciiIsIdentity(page) || memchr(start, 0, rest) || !ScanAscii(start, rest, bound))
+    return false;
+  const size_t capacity = 2 * (static_cast<size_t>(rest) + bound);
+  unsigned char* out = new unsigned char[capacity];
+  const unsigned long length = WidenAndRepair(start, rest, out);
+  assert(length <= capacity && "the bound covers every line end that grows");
+  m_pBuffer = m_pText = out;
+  m_nBufferSize = capacity;
+  m_dwTextLength = static_cast<uint32_t>(length);
+  return true;
 }
 
 // Repairs line ends in place where it can (LF CR to CR LF) and copies the

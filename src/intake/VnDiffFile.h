@@ -51,6 +51,7 @@ protected:
   void ConvertNullsToSpaces(unsigned char* data, unsigned long size);
 
 private:
+  bool DecodeAsciiRepaired(const unsigned char* in, unsigned long inSize);
   void ReleaseBuffer();
   void CopyFrom(const CVnDiffFile& other);
 

@@ -103,6 +103,30 @@ TEST_F(DiffFileTest, RepairsEveryLineEndMixToCrLf) {
   }
 }
 
+// ASCII text is widened and repaired in one pass; text with one byte above
+// 0x7F goes through the converter and the two-pass repair.  Line ends of
+// every mix, at every offset around the 16-byte blocks, must come out the
+// same both ways (and the UTF-8 mark path must agree too).
+TEST_F(DiffFileTest, OnePassAsciiRepairMatchesTheConverterPath) {
+  const char* const kEnds[] = {"\n", "\r", "\r\n", "\n\r", "\n\n", "\r\r", "\n\r\n", "\r\r\n"};
+  uint32_t seed = 7;
+  for (int round = 0; round < 40; ++round) {
+    std::string text;
+    for (int line = 0; line < 12; ++line) {
+      seed = seed * 1103515245u + 12345u;
+      text += std::string((seed >> 16) % 37, static_cast<char>('a' + line));
+      text += kEnds[(seed >> 8) % 8];
+    }
+    if (round % 2)
+      text += "tail";
+    SCOPED_TRACE(round);
+    const std::string viaConverter = Load("\xE9" + text).text;
+    ASSERT_GE(viaConverter.size(), 2u);
+    EXPECT_EQ(viaConverter.substr(2), Load(text).text);
+    EXPECT_EQ(viaConverter.substr(2), Load("\xEF\xBB\xBF" + text).text);
+  }
+}
+
 TEST_F(DiffFileTest, NulUnitEndsTheRepairScan) {
   // No lone line end before the NUL: the whole text stays.
   EXPECT_EQ(Le("a\r\n") + std::string("\0\0", 2) + Le("b\n"),
