@@ -16,6 +16,9 @@
 
 #include <cstring>
 #include <new>
+#if defined(__SSE2__)
+#include <emmintrin.h>
+#endif
 
 namespace vndiff {
 
@@ -97,6 +100,30 @@ std::unique_ptr<InputText> ReadRaw(const std::string& path) {
 
 //===-- Original line ends -------------------------------------------------===//
 
+// The first byte at or after k that is 13 or below, or n.
+static unsigned long SkipAbove13(const unsigned char* p, unsigned long k, unsigned long n) {
+#if defined(__SSE2__)
+  const __m128i limit = _mm_set1_epi8(13);
+  for (; k + 16 <= n; k += 16) {
+    const __m128i x = _mm_loadu_si128(reinterpret_cast<const __m128i*>(p + k));
+    const int low = _mm_movemask_epi8(_mm_cmpeq_epi8(_mm_min_epu8(x, limit), x));
+    if (low)
+      return k + static_cast<unsigned long>(__builtin_ctz(static_cast<unsigned>(low)));
+  }
+#else
+  const uint64_t kLow = 0x0E0E0E0E0E0E0E0EULL, kHigh = 0x8080808080808080ULL;
+  for (; k + 8 <= n; k += 8) {
+    uint64_t x;
+    memcpy(&x, p + k, sizeof x);
+    if ((x - kLow) & ~x & kHigh)
+      break;
+  }
+#endif
+  while (k < n && p[k] > 13)
+    ++k;
+  return k;
+}
+
 // Collects line ends from a stream of units by the repair's rules: CR LF
 // and LF CR are one line end each, a lone CR or LF one more.
 class LineEndScanner {
@@ -122,19 +149,12 @@ public:
     if (c == 13 || c == 10)
       m_pending = c;
   }
-  // Eight bytes at a time past bytes that can't be CR or LF.
+  // Past bytes that can't be CR or LF sixteen at a time (SSE2), else eight.
   void Bytes(const unsigned char* p, unsigned long n) {
-    const uint64_t kLow = 0x0E0E0E0E0E0E0E0EULL, kHigh = 0x8080808080808080ULL;
     unsigned long k = 0;
     while (k < n) {
       if (m_pending == 0) {
-        while (k + 8 <= n) {
-          uint64_t x;
-          memcpy(&x, p + k, sizeof x);
-          if ((x - kLow) & ~x & kHigh)
-            break;
-          k += 8;
-        }
+        k = SkipAbove13(p, k, n);
         if (k == n)
           break;
       }
