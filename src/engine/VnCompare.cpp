@@ -4,13 +4,13 @@
 //     short of the end of either file and the suffix scan never reaches the
 //     line where the prefix scan stopped; prefix lines stay in the arrays as
 //     class 0, suffix lines leave them.
-//  2. Hash the lines in between, source first.
-//  3. Give every line a class number (equal lines, equal numbers).
-//  4. Discard lines that match nothing, or too much, on the other side.
-//  5. Search the kept lines for a shortest edit script.
-//  6. Slide changed runs as late as they go, source side first.
-//  7. Gather hunks and turn them into records.
-// Steps 4 and 6 shape the result; without them it is a minimal script.
+//  2. Hash the lines in between and give every line a class number (equal
+//     lines, equal numbers), source first.
+//  3. Discard lines that match nothing, or too much, on the other side.
+//  4. Search the kept lines for a shortest edit script.
+//  5. Slide changed runs as late as they go, source side first.
+//  6. Gather hunks and turn them into records.
+// Steps 3 and 5 shape the result; without them it is a minimal script.
 #include "engine/VnCompareState.h"
 #include "engine/VnDiffArg.h"
 #include "engine/VnDiscard.h"
@@ -90,30 +90,26 @@ static void StripCommonEnds(const CVnDiffLineArray& src, const CVnDiffLineArray&
 
 //===-- Slots and classes --------------------------------------------------===//
 
-static void FillSlots(const CVnDiffLineArray& lines, CVnCompareSide& side, const CVnLineFlags& flags) {
-  side.m_slots.resize(static_cast<size_t>(lines.GetSize()));
+// Hashes each line of the side's range and gives it its class; prefix lines
+// are class 0 and are not hashed.  A slot lives only for its own call: the
+// table keeps the founder's hash and record, not the slot.
+static void ClassifySide(CVnClassTable& table, const CVnDiffLineArray& lines, CVnCompareSide& side,
+                         const CVnLineFlags& flags) {
+  side.m_classes.assign(static_cast<size_t>(side.m_nRangeEnd), 0);
   for (int32_t i = side.m_nPrefix; i < side.m_nRangeEnd; ++i) {
     CVnDiffLine* line = lines.GetAt(i);
-    CVnLineSlot& slot = side.m_slots[static_cast<size_t>(i)];
-    slot.m_pLine = line;
-    slot.m_nIndex = i;
-    slot.m_nHash = VnHashLine(*line, flags);
+    const CVnLineSlot slot = {line, i, VnHashLine(*line, flags)};
+    side.m_classes[static_cast<size_t>(i)] = table.ClassOf(slot);
   }
   side.m_nLineTotal = side.m_nRangeEnd;
 }
 
-static void ClassifySide(CVnClassTable& table, CVnCompareSide& side) {
-  side.m_classes.resize(static_cast<size_t>(side.m_nRangeEnd));
-  for (int32_t i = 0; i < side.m_nRangeEnd; ++i)
-    side.m_classes[static_cast<size_t>(i)] = i < side.m_nPrefix ? 0 : table.ClassOf(side.m_slots[static_cast<size_t>(i)]);
-}
-
 // The table lives only while classes are handed out.
-static void AssignClasses(CVnCompareState& st) {
+static void AssignClasses(const CVnDiffLineArray& src, const CVnDiffLineArray& tgt, CVnCompareState& st) {
   const uint32_t size = static_cast<uint32_t>(st.m_source.m_nRangeEnd) + static_cast<uint32_t>(st.m_target.m_nRangeEnd) + 5;
   CVnClassTable table(size, st.m_flags);
-  ClassifySide(table, st.m_source);
-  ClassifySide(table, st.m_target);
+  ClassifySide(table, src, st.m_source, st.m_flags);
+  ClassifySide(table, tgt, st.m_target, st.m_flags);
   st.m_source.m_nClassCount = st.m_target.m_nClassCount = table.Count();
 }
 
@@ -145,9 +141,7 @@ void CVnDiffArg::Compare(int ignoreWhitespace, int ignoreCase, int ignoreLineEnd
     return;
   assert(src.m_nPrefix <= src.m_nRangeEnd && tgt.m_nPrefix <= tgt.m_nRangeEnd && "suffix stops before the prefix");
 
-  FillSlots(m_lines, src, st.m_flags);
-  FillSlots(target.m_lines, tgt, st.m_flags);
-  AssignClasses(st);
+  AssignClasses(m_lines, target.m_lines, st);
   src.MakeChanged();
   tgt.MakeChanged();
   if (g_hooks.m_bDiscard) {

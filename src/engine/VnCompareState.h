@@ -14,7 +14,7 @@
 #include <vector>
 
 struct CVnCompareSide {
-  int32_t m_nLineTotal = 0;  // lines in the arrays: E once the slots are filled
+  int32_t m_nLineTotal = 0;  // lines in the arrays: E once classes are given
   int32_t m_nPrefix = 0;     // P: lines common to both sides at the start
   int32_t m_nRangeEnd = 0;   // E: lines E and above take no part
   int32_t m_nClassCount = 0; // every class number lies below it
@@ -24,7 +24,6 @@ struct CVnCompareSide {
   std::vector<unsigned char> m_changedBuf;
   unsigned char* m_pChanged = nullptr;  // m_changedBuf + 1: indexes -1 and E are 0
   std::vector<int32_t> m_keptIndex;     // kept line k -> its line number
-  std::vector<CVnLineSlot> m_slots;     // one per line of the line set
 
   void MakeChanged() {
     m_changedBuf.assign(static_cast<size_t>(m_nRangeEnd) + 2, 0);

@@ -183,23 +183,24 @@ bool VnLinesEqual(const CVnDiffLine& a, const CVnDiffLine& b, const CVnLineFlags
 //===-- Classes ------------------------------------------------------------===//
 
 CVnClassTable::CVnClassTable(uint32_t size, const CVnLineFlags& flags)
-    : m_buckets(size, nullptr), m_pool(size), m_flags(flags) {
+    : m_buckets(size, 0), m_pool(new CVnEquivalence[size]), m_nPoolSize(size), m_flags(flags) {
   assert(size > 0 && "the table always has the five spare buckets");
 }
 
-int32_t CVnClassTable::ClassOf(CVnLineSlot& slot) {
-  CVnEquivalence*& head = m_buckets[slot.m_nHash % m_buckets.size()];
+int32_t CVnClassTable::ClassOf(const CVnLineSlot& slot) {
+  uint32_t& head = m_buckets[slot.m_nHash % m_buckets.size()];
   CVnEquivalence* last = nullptr;
-  for (CVnEquivalence* node = head; node; node = node->m_pNext) {
-    last = node;
-    if (node->m_pFounder->m_nHash == slot.m_nHash && VnLinesEqual(*slot.m_pLine, *node->m_pFounder->m_pLine, m_flags))
-      return static_cast<int32_t>(node - m_pool.data());
+  for (uint32_t k = head; k != 0; k = last->m_nNext) {
+    last = &m_pool[k];
+    if (last->m_nHash == slot.m_nHash && VnLinesEqual(*slot.m_pLine, *last->m_pLine, m_flags))
+      return static_cast<int32_t>(k);
   }
-  if (static_cast<size_t>(m_nCounter) >= m_pool.size())
+  if (static_cast<uint32_t>(m_nCounter) >= m_nPoolSize)
     throw last;
-  CVnEquivalence* node = &m_pool[static_cast<size_t>(m_nCounter)];
-  node->m_pNext = head;
-  node->m_pFounder = &slot;
-  head = node;
+  CVnEquivalence& node = m_pool[static_cast<size_t>(m_nCounter)];
+  node.m_nNext = head;
+  node.m_nHash = slot.m_nHash;
+  node.m_pLine = slot.m_pLine;
+  head = static_cast<uint32_t>(m_nCounter);
   return m_nCounter++;
 }

@@ -9,6 +9,7 @@
 #include "engine/VnDiffLine.h"
 
 #include <cstdint>
+#include <memory>
 #include <vector>
 
 struct CVnLineFlags {
@@ -25,10 +26,13 @@ struct CVnLineSlot {
   uint32_t m_nHash;
 };
 
-// A node of the hash chains; its index in the pool is the class number.
+// A node of the hash chains; its index in the pool is the class number.  It
+// keeps the founder's hash and record, so that a chain is walked without
+// touching the slots, and the hash decides before the line is read.
 struct CVnEquivalence {
-  CVnEquivalence* m_pNext;
-  CVnLineSlot* m_pFounder;
+  uint32_t m_nNext;  // index of the next node in the chain; 0 ends it
+  uint32_t m_nHash;
+  const CVnDiffLine* m_pLine;
 };
 
 // Hashes the line under the flags, stores the value in the record and
@@ -46,15 +50,19 @@ class CVnClassTable {
 public:
   CVnClassTable(uint32_t size, const CVnLineFlags& flags);
   // The class of the line in slot; founds a new class when no founder with
-  // the same hash is equal.  Throws the last visited node (CVnEquivalence *)
-  // should the pool be full, which T >= lines + 1 rules out.
-  int32_t ClassOf(CVnLineSlot& slot);
+  // the same hash is equal.  Throws the last visited node (CVnEquivalence *,
+  // null for an empty chain) should the pool be full, which T >= lines + 1
+  // rules out.  The table keeps no reference to the slot itself.
+  int32_t ClassOf(const CVnLineSlot& slot);
   // The next number to be handed out: every class number lies below it.
   int32_t Count() const { return m_nCounter; }
 
 private:
-  std::vector<CVnEquivalence*> m_buckets;
-  std::vector<CVnEquivalence> m_pool;
+  std::vector<uint32_t> m_buckets;  // index of a chain's first node; 0 for none
+  // Nodes are written as classes are founded; the rest are never touched,
+  // so their pages are never made resident.
+  std::unique_ptr<CVnEquivalence[]> m_pool;
+  uint32_t m_nPoolSize;
   CVnLineFlags m_flags;
   int32_t m_nCounter = 1;  // class 0 is the common prefix's
 };
