@@ -35,10 +35,10 @@ void CVnCompareSide::KeepAll() {
 
 void CVnCompareState::MakeDiagonalBuffers() {
   const size_t size = static_cast<size_t>(m_source.m_nKept) + static_cast<size_t>(m_target.m_nKept) + 3;
-  m_forwardBuf.assign(size, 0);
-  m_backwardBuf.assign(size, 0);
-  m_pForward = m_forwardBuf.data() + m_target.m_nKept + 1;
-  m_pBackward = m_backwardBuf.data() + m_target.m_nKept + 1;
+  m_forwardBuf.reset(new int32_t[size]);
+  m_backwardBuf.reset(new int32_t[size]);
+  m_pForward = m_forwardBuf.get() + m_target.m_nKept + 1;
+  m_pBackward = m_backwardBuf.get() + m_target.m_nKept + 1;
 }
 
 //===-- Strip --------------------------------------------------------------===//

@@ -11,6 +11,7 @@
 #include "engine/VnLineIdentity.h"
 
 #include <cstdint>
+#include <memory>
 #include <vector>
 
 struct CVnCompareSide {
@@ -37,8 +38,12 @@ struct CVnCompareState {
   CVnLineFlags m_flags;
   CVnCompareSide m_source;
   CVnCompareSide m_target;
-  std::vector<int32_t> m_forwardBuf;
-  std::vector<int32_t> m_backwardBuf;
+  // Left uninitialised: the search writes every entry it reads (the band's
+  // start and a sentinel beyond each new edge), and on pairs that differ
+  // little it reads only diagonals near the middle, so most pages of these
+  // arrays are never touched.
+  std::unique_ptr<int32_t[]> m_forwardBuf;
+  std::unique_ptr<int32_t[]> m_backwardBuf;
   int32_t* m_pForward = nullptr;   // element K1 + 1: diagonals -(K1+1)..K0+1 index directly
   int32_t* m_pBackward = nullptr;
   int32_t m_nCost = 0;             // cost of the last middle-diagonal search
