@@ -97,19 +97,13 @@ template <uint32_t (*Load)(const unsigned char*, uint32_t)>
 static uint32_t HashPlainUnits(const unsigned char* p, uint32_t n) {
   const CoefficientTable& t = Coefficients();
   const uint32_t m = n < kTableSize ? n : kTableSize;
-  uint32_t h0 = 0, h1 = 0, h2 = 0, h3 = 0, i = 0;
-  for (; i + 4 <= m; i += 4) {
-    h0 += Load(p, i) * t.coef[i];
-    h1 += Load(p, i + 1) * t.coef[i + 1];
-    h2 += Load(p, i + 2) * t.coef[i + 2];
-    h3 += Load(p, i + 3) * t.coef[i + 3];
-  }
-  for (; i < m; ++i)
-    h0 += Load(p, i) * t.coef[i];
+  uint32_t h = 0, i = 0;
+  for (; i < m; ++i)  // a plain reduction, which the compiler vectorizes
+    h += Load(p, i) * t.coef[i];
   uint32_t weight = t.next;
   for (; i < n; ++i, weight *= kHashWeight)
-    h0 += Load(p, i) * (i + 1) * weight;
-  return (h0 + h1) + (h2 + h3);
+    h += Load(p, i) * (i + 1) * weight;
+  return h;
 }
 
 uint32_t VnHashLine(CVnDiffLine& line, const CVnLineFlags& flags) {
