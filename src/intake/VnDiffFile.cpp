@@ -20,6 +20,7 @@
 
 #include <cassert>
 #include <cstring>
+#include <memory>
 #if defined(__SSE2__)
 #include <emmintrin.h>
 #endif
@@ -270,6 +271,36 @@ unsigned long WidenAndRepair(const unsigned char* in, unsigned long size, unsign
   return w;
 }
 
+// Whether every byte is ASCII and none is NUL: b | (b - 1) has its top bit
+// set exactly for 0 and for 0x80 and above.  A plain reduction, vectorized.
+bool PlainAscii(const unsigned char* p, unsigned long n) {
+  unsigned char any = 0;
+  for (unsigned long i = 0; i < n; ++i)
+    any |= static_cast<unsigned char>(p[i] | (p[i] - 1));
+  return (any & 0x80) == 0;
+}
+
+// 1 when the bytes end in a line-end byte that the greedy pairing leaves
+// alone (its partner may open the next chunk), else 0.  Only the trailing
+// run of CR and LF bytes matters: pairing starts afresh where it starts.
+unsigned long LoneEndAtTheEnd(const unsigned char* p, unsigned long n) {
+  unsigned long i = n;
+  while (i > 0 && (p[i - 1] == kCR || p[i - 1] == kLF))
+    --i;
+  bool lone = false;
+  while (i < n) {
+    lone = !(i + 1 < n && p[i] != p[i + 1]);
+    i += lone ? 1 : 2;
+  }
+  return lone ? 1 : 0;
+}
+
+// Files up to this size may be streamed; the output is sized for the worst
+// case (every byte a lone line end, four bytes out), so the cap keeps that
+// reservation sane.  Pages of it that the text doesn't reach are never
+// touched.
+const unsigned long kStreamLimit = 256ul << 20;
+
 CString LocalText(UINT id) { return LoadLocalString(GetResourceModule(), id); }
 
 }  // namespace
@@ -351,6 +382,12 @@ bool CVnDiffFile::GetFileContents(unsigned char*& text, unsigned long& length) {
   if (!m_bLoaded) {
     CVnFile file(m_strFileName, CFile::modeRead);  // raises; the old buffer stays
     ReleaseBuffer();
+    if (StreamAscii(file)) {
+      m_bLoaded = true;
+      text = m_pText;
+      length = m_dwTextLength;
+      return true;
+    }
     CVnSmartBytePtr bytes;
     unsigned long size = file.ReadAll(bytes);
     file.Close();
@@ -475,6 +512,56 @@ void CVnDiffFile::ConvertBufferToUTF16LE(unsigned char*& in, unsigned long& inSi
   }
   in = nullptr;
   inSize = 0;
+}
+
+// The commonest case without holding the file's bytes at all: text without
+// a mark or a NUL, all ASCII, in a page where ASCII is itself (what
+// detection and DecodeAsciiRepaired would handle), widened and repaired
+// chunk by chunk as it is read.  A CR or LF at a chunk's end waits for the
+// next chunk, which may hold its partner.  At the first byte that doesn't
+// fit (a mark starts with one) it gives up: the buffer goes, the file is
+// rewound, and false sends the caller down the general path.
+bool CVnDiffFile::StreamAscii(CVnFile& file) {
+  if (m_bEncodingSet)
+    return false;
+  CVnFile::FileStatus status;
+  CVnFile::GetStatus(file.GetFilePath(), status, true);
+  const unsigned long size = status.m_sizeLow;
+  const unsigned int page = vn::os::GetACP();
+  if (size == 0 || size > kStreamLimit || !AsciiIsIdentity(page))
+    return false;
+  const size_t capacity = 4 * static_cast<size_t>(size);
+  CVnSmartBytePtr out(new unsigned char[capacity]);
+  static const unsigned long kChunk = 1ul << 16;
+  std::unique_ptr<unsigned char[]> chunk(new unsigned char[kChunk + 1]);
+  unsigned long remaining = size, carry = 0;
+  size_t w = 0;
+  while (remaining > 0) {
+    const unsigned long n = file.ReadRaw(chunk.get() + carry, remaining < kChunk ? remaining : kChunk);
+    if (n == 0)
+      break;  // the file is shorter than it was: take what there is, as a whole read does
+    if (!PlainAscii(chunk.get() + carry, n)) {
+      file.SeekToBegin();
+      return false;
+    }
+    remaining -= n;
+    const unsigned long avail = carry + n;
+    const unsigned char last = chunk[avail - 1];
+    carry = remaining > 0 ? LoneEndAtTheEnd(chunk.get(), avail) : 0;
+    w += WidenAndRepair(chunk.get(), avail - carry, out.Get() + w);
+    chunk[0] = last;
+  }
+  if (carry)
+    w += WidenAndRepair(chunk.get(), 1, out.Get() + w);
+  assert(w <= capacity && "four bytes out for every byte in at most");
+  m_nFileType = TypeText;
+  m_nEncoding = EncodingNone;
+  m_nCodePage = page;
+  m_bHasBOM = false;
+  m_nBufferSize = capacity;
+  m_pBuffer = m_pText = out.Detach();
+  m_dwTextLength = static_cast<uint32_t>(w);
+  return true;
 }
 
 // The common case in one pass: 8-bit text in a page where ASCII is itself

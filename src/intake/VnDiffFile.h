@@ -14,6 +14,8 @@
 
 #include "afx/afx.h"
 
+class CVnFile;
+
 class VN_API CVnDiffFile {
 public:
   static const unsigned char BINARY_MARKER;  // 0x01
@@ -51,6 +53,7 @@ protected:
   void ConvertNullsToSpaces(unsigned char* data, unsigned long size);
 
 private:
+  bool StreamAscii(CVnFile& file);
   bool DecodeAsciiRepaired(const unsigned char* in, unsigned long inSize);
   void ReleaseBuffer();
   void CopyFrom(const CVnDiffFile& other);

@@ -127,6 +127,24 @@ TEST_F(DiffFileTest, OnePassAsciiRepairMatchesTheConverterPath) {
   }
 }
 
+// Long ASCII files are read and repaired in 64 KiB chunks; a line end may
+// straddle a chunk's edge in every way and must pair up as in one piece.
+// A byte above 0x7F late in a file sends it back to the general path.
+TEST_F(DiffFileTest, ChunkedAsciiRepairPairsLineEndsAcrossChunks) {
+  const char* const kMixes[] = {"\r\n", "\n\r", "\r\r\n", "\n\n\r", "\r\n\r\n\r", "\n", "\r"};
+  for (const char* mix : kMixes) {
+    for (size_t lead = 65530; lead <= 65537; ++lead) {
+      const std::string text = std::string(lead, 'a') + mix + "b\nc";
+      SCOPED_TRACE(lead);
+      const std::string viaConverter = Load("\xE9" + text).text;
+      ASSERT_GE(viaConverter.size(), 2u);
+      EXPECT_EQ(viaConverter.substr(2), Load(text).text) << static_cast<int>(mix[0]);
+    }
+  }
+  const std::string late = std::string(200000, 'x') + "\n\xE9\n";
+  EXPECT_EQ(Le(std::string(200000, 'x') + "\r\n") + std::string("\xE9\x00\r\x00\n\x00", 6), Load(late).text);
+}
+
 TEST_F(DiffFileTest, NulUnitEndsTheRepairScan) {
   // No lone line end before the NUL: the whole text stays.
   EXPECT_EQ(Le("a\r\n") + std::string("\0\0", 2) + Le("b\n"),
