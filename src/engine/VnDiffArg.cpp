@@ -97,6 +97,24 @@ static INT_PTR CountLines(size_t n, UnitEquals isEol) {
   return static_cast<INT_PTR>(ends + (n > 0 && !isEol(n - 1) ? 1 : 0));
 }
 
+// CountLines for 16-bit units, eight at a time with SSE2 (a match sets two
+// bits of the byte mask).
+static INT_PTR CountUnitLines(const unsigned char* data, size_t n, uint16_t eol) {
+  size_t i = 0, ends = 0;
+#if defined(__SSE2__) && defined(__BYTE_ORDER__) && __BYTE_ORDER__ == __ORDER_LITTLE_ENDIAN__
+  const __m128i key = _mm_set1_epi16(static_cast<short>(eol));
+  for (; i + 8 <= n; i += 8) {
+    const __m128i x = _mm_loadu_si128(reinterpret_cast<const __m128i*>(data + 2 * i));
+    for (unsigned mask = static_cast<unsigned>(_mm_movemask_epi8(_mm_cmpeq_epi16(x, key))); mask; mask &= mask - 1)
+      ++ends;
+  }
+  ends /= 2;
+#endif
+  for (; i < n; ++i)
+    ends += UnitAt(data, i) == eol ? 1 : 0;
+  return static_cast<INT_PTR>(ends + (n > 0 && UnitAt(data, n - 1) != eol ? 1 : 0));
+}
+
 // Sizes the array once for count lines and fills it through makeNext, which
 // gives the record of the next line.  If a record can't be made, the array
 // keeps the records made so far and nothing else.
@@ -131,7 +149,7 @@ static bool SplitBytes(const unsigned char* data, size_t size, unsigned char eol
 
 // The same on 16-bit units; only whole units are read.
 static bool SplitUnits(const unsigned char* data, size_t units, uint16_t eol, CVnDiffLineArray& lines) {
-  const INT_PTR count = CountLines(units, [=](size_t i) { return UnitAt(data, i) == eol; });
+  const INT_PTR count = CountUnitLines(data, units, eol);
   size_t cursor = 0;
   FillLines(lines, count, [&]() {
     size_t end = FindUnit(data, cursor, units, eol);
