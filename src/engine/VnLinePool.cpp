@@ -2,8 +2,8 @@
 //
 // Slab layout: a 64-byte header (the live count) and then blocks laid end to
 // end.  Each thread bumps through its own current slab, so allocation takes
-// no lock; only the live count is shared, since a record may be freed on
-// another thread.  The thread's hold on its current slab is dropped when the
+// no lock and no atomic step; only the live count is shared, since a record
+// may be freed on another thread.  The thread's hold on its current slab is dropped when the
 // slab is full and a new one is taken, or when the thread ends.
 //
 // Under AddressSanitizer a freed block is poisoned, so a use after free of a
@@ -33,20 +33,29 @@ namespace {
 const size_t kSlabSize = 64 * 1024;
 const size_t kHeaderSize = 64;
 
+// The most blocks a slab can hand out (all of the smallest size).  A new
+// slab's count starts at this plus one for the thread's hold, as if every
+// block were already out, so that handing one out needs no atomic add; when
+// the thread lets the slab go it takes back the blocks it never handed out.
+const uint32_t kMaxBlocks = static_cast<uint32_t>((kSlabSize - kHeaderSize) / 8);
+
 struct Slab {
   std::atomic<uint32_t> live;
 };
 
-void Release(unsigned char* slab);
+void Release(unsigned char* slab, uint32_t count);
 
 // A thread's current slab; the thread's hold on it goes when the thread ends.
 struct Cursor {
   unsigned char* slab = nullptr;  // current slab, or null
   size_t used = 0;                // bytes handed out from it, header included
-  ~Cursor() {
+  uint32_t handed = 0;            // blocks handed out from it
+  void Retire() {
     if (slab)
-      Release(slab);
+      Release(slab, 1 + kMaxBlocks - handed);
+    slab = nullptr;
   }
+  ~Cursor() { Retire(); }
 };
 
 thread_local Cursor t_cursor;
@@ -61,7 +70,7 @@ unsigned char* NewSlab() {
 #endif
   if (!p)
     throw std::bad_alloc();
-  new (p) Slab{{1}};  // the creating thread's hold
+  new (p) Slab{{1 + kMaxBlocks}};
   return static_cast<unsigned char*>(p);
 }
 
@@ -75,9 +84,9 @@ void DeleteSlab(unsigned char* slab) {
 #endif
 }
 
-// Drops one count of the slab; the last one frees it.
-void Release(unsigned char* slab) {
-  if (reinterpret_cast<Slab*>(slab)->live.fetch_sub(1, std::memory_order_acq_rel) == 1)
+// Drops count from the slab's count; the last drop frees it.
+void Release(unsigned char* slab, uint32_t count) {
+  if (reinterpret_cast<Slab*>(slab)->live.fetch_sub(count, std::memory_order_acq_rel) == count)
     DeleteSlab(slab);
 }
 
@@ -90,14 +99,14 @@ void* VnLinePoolAlloc(size_t size) {
   if (!c.slab || c.used + size > kSlabSize) {
     unsigned char* fresh = NewSlab();
     VN_POISON(fresh + kHeaderSize, kSlabSize - kHeaderSize);
-    if (c.slab)
-      Release(c.slab);
+    c.Retire();
     c.slab = fresh;
     c.used = kHeaderSize;
+    c.handed = 0;
   }
-  reinterpret_cast<Slab*>(c.slab)->live.fetch_add(1, std::memory_order_relaxed);
   unsigned char* block = c.slab + c.used;
   c.used += size;
+  ++c.handed;
   VN_UNPOISON(block, size);
   return block;
 }
@@ -108,5 +117,5 @@ void VnLinePoolFree(void* block, size_t size) noexcept {
   unsigned char* slab = reinterpret_cast<unsigned char*>(reinterpret_cast<uintptr_t>(block) & ~(kSlabSize - 1));
   assert(static_cast<unsigned char*>(block) >= slab + kHeaderSize && "a block lies behind its slab's header");
   VN_POISON(block, size);
-  Release(slab);
+  Release(slab, 1);
 }
