@@ -231,8 +231,9 @@ unsigned char* DecodeToUtf16(unsigned int codePage, const unsigned char* in, uns
 // in-place repair takes them) comes out as CR LF, all else unit for unit.
 // This is what decoding and then repairing give, without the marks and the
 // second pass.  `out` must have room for 2 * (size + bound) bytes, bound
-// from ScanAscii; returns the bytes written.
-unsigned long WidenAndRepair(const unsigned char* in, unsigned long size, unsigned char* out) {
+// from ScanAscii; returns the bytes written and adds the kinds of line end
+// it met to `kinds`.
+unsigned long WidenAndRepair(const unsigned char* in, unsigned long size, unsigned char* out, unsigned& kinds) {
   unsigned long i = 0, w = 0;
   while (i < size) {
 #if defined(__SSE2__)
@@ -258,7 +259,10 @@ unsigned long WidenAndRepair(const unsigned char* in, unsigned long size, unsign
     const unsigned char c = in[i];
     if (c == kCR || c == kLF) {
       const unsigned char partner = c == kCR ? kLF : kCR;
-      i += (i + 1 < size && in[i + 1] == partner) ? 2 : 1;
+      const bool pair = i + 1 < size && in[i + 1] == partner;
+      kinds |= c == kCR ? (pair ? CVnDiffFile::EndCrLf : CVnDiffFile::EndCr)
+                        : (pair ? CVnDiffFile::EndLfCr : CVnDiffFile::EndLf);
+      i += pair ? 2 : 1;
       SetUnit(out, w / 2, kCR);
       SetUnit(out, w / 2 + 1, kLF);
       w += 4;
@@ -308,7 +312,7 @@ CString LocalText(UINT id) { return LoadLocalString(GetResourceModule(), id); }
 CVnDiffFile::CVnDiffFile()
     : m_pText(nullptr), m_dwTextLength(0), m_pBuffer(nullptr), m_nBufferSize(0), m_nCodePage(vn::os::GetACP()),
       m_nFileType(TypeText), m_nEncoding(EncodingNone), m_bLoaded(false), m_bHasBOM(false),
-      m_bEncodingSet(false) {}
+      m_bEncodingSet(false), m_nLineEnds(0) {}
 
 CVnDiffFile::~CVnDiffFile() { ReleaseBuffer(); }
 
@@ -335,6 +339,7 @@ void CVnDiffFile::CopyFrom(const CVnDiffFile& other) {
   m_bLoaded = other.m_bLoaded;
   m_bHasBOM = other.m_bHasBOM;
   m_bEncodingSet = other.m_bEncodingSet;
+  m_nLineEnds = other.m_nLineEnds;
   m_pBuffer = nullptr;
   m_nBufferSize = 0;
   m_pText = nullptr;
@@ -348,6 +353,7 @@ void CVnDiffFile::CopyFrom(const CVnDiffFile& other) {
 }
 
 void CVnDiffFile::ReleaseBuffer() {
+  m_nLineEnds = 0;
   delete[] m_pBuffer;
   m_pBuffer = nullptr;
   m_nBufferSize = 0;
@@ -536,6 +542,7 @@ bool CVnDiffFile::StreamAscii(CVnFile& file) {
   std::unique_ptr<unsigned char[]> chunk(new unsigned char[kChunk + 1]);
   unsigned long remaining = size, carry = 0;
   size_t w = 0;
+  unsigned kinds = 0;
   while (remaining > 0) {
     const unsigned long n = file.ReadRaw(chunk.get() + carry, remaining < kChunk ? remaining : kChunk);
     if (n == 0)
@@ -548,11 +555,11 @@ bool CVnDiffFile::StreamAscii(CVnFile& file) {
     const unsigned long avail = carry + n;
     const unsigned char last = chunk[avail - 1];
     carry = remaining > 0 ? LoneEndAtTheEnd(chunk.get(), avail) : 0;
-    w += WidenAndRepair(chunk.get(), avail - carry, out.Get() + w);
+    w += WidenAndRepair(chunk.get(), avail - carry, out.Get() + w, kinds);
     chunk[0] = last;
   }
   if (carry)
-    w += WidenAndRepair(chunk.get(), 1, out.Get() + w);
+    w += WidenAndRepair(chunk.get(), 1, out.Get() + w, kinds);
   assert(w <= capacity && "four bytes out for every byte in at most");
   m_nFileType = TypeText;
   m_nEncoding = EncodingNone;
@@ -561,6 +568,7 @@ bool CVnDiffFile::StreamAscii(CVnFile& file) {
   m_nBufferSize = capacity;
   m_pBuffer = m_pText = out.Detach();
   m_dwTextLength = static_cast<uint32_t>(w);
+  m_nLineEnds = kinds | EndsKnown;
   return true;
 }
 
@@ -582,11 +590,13 @@ bool CVnDiffFile::DecodeAsciiRepaired(const unsigned char* in, unsigned long inS
     return false;
   const size_t capacity = 2 * (static_cast<size_t>(rest) + bound);
   unsigned char* out = new unsigned char[capacity];
-  const unsigned long length = WidenAndRepair(start, rest, out);
+  unsigned kinds = 0;
+  const unsigned long length = WidenAndRepair(start, rest, out, kinds);
   assert(length <= capacity && "the bound covers every line end that grows");
   m_pBuffer = m_pText = out;
   m_nBufferSize = capacity;
   m_dwTextLength = static_cast<uint32_t>(length);
+  m_nLineEnds = kinds | EndsKnown;
   return true;
 }
 

@@ -44,6 +44,12 @@ public:
   int GetEncoding() const { return m_nEncoding; }
   bool HasByteOrderMark() const { return m_bHasBOM; }
 
+  // The kinds of line end the file itself had, for hosts that print lines
+  // as they were: EndsKnown and one bit per kind met, when the load could
+  // tell (plain ASCII text); 0 when it couldn't or nothing is loaded.
+  enum LineEndKind { EndLf = 1, EndCrLf = 2, EndCr = 4, EndLfCr = 8, EndsKnown = 16 };
+  unsigned GetLineEndKinds() const { return m_nLineEnds; }
+
 protected:
   void DetermineFileTypeAndEncoding(unsigned char* data, unsigned long size);
   bool HasBOM(unsigned char* data, unsigned long size);
@@ -69,6 +75,7 @@ private:
   bool m_bLoaded;
   bool m_bHasBOM;
   bool m_bEncodingSet;
+  unsigned m_nLineEnds;
 };
 
 #endif  // VN_INTAKE_VNDIFFFILE_H

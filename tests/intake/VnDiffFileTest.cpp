@@ -145,6 +145,45 @@ TEST_F(DiffFileTest, ChunkedAsciiRepairPairsLineEndsAcrossChunks) {
   EXPECT_EQ(Le(std::string(200000, 'x') + "\r\n") + std::string("\xE9\x00\r\x00\n\x00", 6), Load(late).text);
 }
 
+// Plain ASCII loads report the kinds of line end the file had; other loads
+// can't tell and report 0, and so does a file object with nothing loaded.
+TEST_F(DiffFileTest, ReportsTheKindsOfLineEndItSaw) {
+  const unsigned K = CVnDiffFile::EndsKnown, LF = CVnDiffFile::EndLf, CRLF = CVnDiffFile::EndCrLf,
+                 CR = CVnDiffFile::EndCr, LFCR = CVnDiffFile::EndLfCr;
+  const struct {
+    std::string bytes;
+    unsigned kinds;
+  } cases[] = {
+      {"a\nb\n", K | LF},
+      {"a\r\nb", K | CRLF},
+      {"a\rb\r", K | CR},
+      {"a\n\rb", K | LFCR},
+      {"a\r\nb\nc\r", K | CRLF | LF | CR},
+      {"\r\r\n", K | CR | CRLF},
+      {"no end", K},
+      {"caf\xE9\n", 0},                           // through the converter
+      {"\xFF\xFE" + Le("a\n"), 0},                 // UTF-16
+      {std::string("a\n\0b", 4), 0},              // binary: the only case that asks
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.bytes);
+    TempFile file(c.bytes);
+    CVnDiffFile diff;
+    EXPECT_EQ(0u, diff.GetLineEndKinds());
+    diff.SetFileName(file.Path());
+    unsigned char* text = nullptr;
+    unsigned long length = 0;
+    if (c.bytes[0] == 'a' && c.bytes.find('\0') != std::string::npos) {
+      ScriptedPrompt prompt({IDYES});  // the binary question
+      ASSERT_TRUE(diff.GetFileContents(text, length));
+    } else {
+      ASSERT_TRUE(diff.GetFileContents(text, length));
+    }
+    EXPECT_EQ(c.kinds, diff.GetLineEndKinds());
+    EXPECT_EQ(c.kinds, CVnDiffFile(diff).GetLineEndKinds()) << "a copy keeps it";
+  }
+}
+
 TEST_F(DiffFileTest, NulUnitEndsTheRepairScan) {
   // No lone line end before the NUL: the whole text stays.
   EXPECT_EQ(Le("a\r\n") + std::string("\0\0", 2) + Le("b\n"),
