@@ -208,7 +208,30 @@ static std::vector<LineEnd> ScanFileLineEnds(const std::string& path, unsigned l
   return scanner.Finish();
 }
 
+// The one kind of line end a file had, when the intake saw exactly one
+// (and so no NUL cut the text short); None otherwise.
+static LineEnd SingleKind(unsigned kinds) {
+  switch (kinds) {
+  case CVnDiffFile::EndsKnown | CVnDiffFile::EndLf: return LineEnd::LF;
+  case CVnDiffFile::EndsKnown | CVnDiffFile::EndCrLf: return LineEnd::CRLF;
+  case CVnDiffFile::EndsKnown | CVnDiffFile::EndCr: return LineEnd::CR;
+  case CVnDiffFile::EndsKnown | CVnDiffFile::EndLfCr: return LineEnd::LFCR;
+  default: return LineEnd::None;
+  }
+}
+
 static void FillLineEnds(InputText& text, const CVnDiffFile& file, const std::string& path) {
+  const int count = text.lines.GetLineCount();
+  const bool terminated = text.lines.GetFileInfo().HasEndingTerminator() != 0;
+  const LineEnd single = SingleKind(file.GetLineEndKinds());
+  if (single != LineEnd::None) {
+    // Every line but an unterminated last one ends the same way: no need to
+    // read the file again.
+    text.ends.assign(static_cast<size_t>(count), single);
+    if (count > 0 && !terminated)
+      text.ends.back() = LineEnd::None;
+    return;
+  }
   int width = 1;
   bool bigEndian = false;
   unsigned long skip = 0;
@@ -221,9 +244,6 @@ static void FillLineEnds(InputText& text, const CVnDiffFile& file, const std::st
       skip = file.GetEncoding() == CVnDiffFile::EncodingUTF8 ? 3 : 2;
   }
   std::vector<LineEnd> ends = ScanFileLineEnds(path, skip, width, bigEndian);
-
-  const int count = text.lines.GetLineCount();
-  const bool terminated = text.lines.GetFileInfo().HasEndingTerminator() != 0;
   if (count > 0 && !terminated)
     ends.push_back(LineEnd::None);
   if (static_cast<int>(ends.size()) != count) {
