@@ -12,6 +12,12 @@
 // is kept when nothing needed repair and dropped otherwise.  No line end is
 // added at the end of the file.  A text with only CR LF ends is scanned once
 // and not copied, and UTF-16LE input is not copied at all unless repaired.
+//
+// The common case takes a shorter road to the same buffer: a file of plain
+// ASCII (no mark, no NUL, a page where ASCII is itself) is read in chunks
+// and each chunk widened and repaired in one pass, so the file's bytes are
+// never held whole; the line-end kinds met on the way are kept for hosts
+// that print lines as the file had them.
 #include "intake/VnDiffFile.h"
 
 #include "foundation/LocalResources.h"
