@@ -124,6 +124,30 @@ static unsigned long SkipAbove13(const unsigned char* p, unsigned long k, unsign
   return k;
 }
 
+// The same for 16-bit units starting at byte k: the byte offset of the
+// first unit that is 13 or below, or of a unit cut off by the end (then the
+// caller carries its first byte), stepping two bytes at a time.
+static unsigned long SkipUnitsAbove13(const unsigned char* p, unsigned long k, unsigned long n, bool bigEndian) {
+#if defined(__SSE2__)
+  // Units compare unsigned by flipping their top bit and comparing signed.
+  const __m128i flip = _mm_set1_epi16(static_cast<short>(0x8000)), limit = _mm_set1_epi16(static_cast<short>(0x8000 + 14));
+  for (; k + 16 <= n; k += 16) {
+    __m128i x = _mm_loadu_si128(reinterpret_cast<const __m128i*>(p + k));
+    if (bigEndian)
+      x = _mm_or_si128(_mm_slli_epi16(x, 8), _mm_srli_epi16(x, 8));
+    const int low = _mm_movemask_epi8(_mm_cmplt_epi16(_mm_xor_si128(x, flip), limit));
+    if (low)
+      return k + static_cast<unsigned long>(__builtin_ctz(static_cast<unsigned>(low)));
+  }
+#endif
+  for (; k + 1 < n; k += 2) {
+    const unsigned unit = bigEndian ? (p[k] << 8) | p[k + 1] : p[k] | (p[k + 1] << 8);
+    if (unit <= 13)
+      return k;
+  }
+  return k;
+}
+
 // Collects line ends from a stream of units by the repair's rules: CR LF
 // and LF CR are one line end each, a lone CR or LF one more.
 class LineEndScanner {
@@ -161,6 +185,7 @@ public:
       Unit(p[k++]);
     }
   }
+  bool Idle() const { return m_pending == 0; }
   std::vector<LineEnd> Finish() {
     Unit(0);  // settles a pending CR or LF
     return std::move(m_ends);
@@ -193,6 +218,11 @@ static std::vector<LineEnd> ScanFileLineEnds(const std::string& path, unsigned l
         continue;
       }
       for (; k < n; ++k) {
+        if (carry < 0 && scanner.Idle()) {
+          k = SkipUnitsAbove13(chunk, k, n, bigEndian);
+          if (k >= n)
+            break;
+        }
         if (carry < 0) {
           carry = chunk[k];
           continue;
