@@ -63,11 +63,21 @@ void SetUnit(unsigned char* p, unsigned long i, unsigned short u) {
 }
 
 // The first unit at or after i that is below 14 (a NUL, CR or LF may be
-// one), or n.  Four units are tested at a time: a lane below 14 is one whose
-// subtraction of 14 borrows into its top bit while the unit's own top bit
-// was clear.
+// one), or n.  Eight units are tested at a time with SSE2; else four in a
+// 64-bit word: a lane below 14 is one whose subtraction of 14 borrows into
+// its top bit while the unit's own top bit was clear.
 unsigned long SkipPlainUnits(const unsigned short* u, unsigned long i, unsigned long n) {
-#if defined(__BYTE_ORDER__) && __BYTE_ORDER__ == __ORDER_LITTLE_ENDIAN__
+#if defined(__SSE2__) && defined(__BYTE_ORDER__) && __BYTE_ORDER__ == __ORDER_LITTLE_ENDIAN__
+  // Eight units at a time; units compare unsigned by flipping the top bit.
+  const __m128i flip = _mm_set1_epi16(static_cast<short>(0x8000));
+  const __m128i limit = _mm_set1_epi16(static_cast<short>(0x8000 + 14));
+  for (; i + 8 <= n; i += 8) {
+    const __m128i x = _mm_loadu_si128(reinterpret_cast<const __m128i*>(u + i));
+    const int low = _mm_movemask_epi8(_mm_cmplt_epi16(_mm_xor_si128(x, flip), limit));
+    if (low)
+      return i + static_cast<unsigned long>(__builtin_ctz(static_cast<unsigned>(low))) / 2;
+  }
+#elif defined(__BYTE_ORDER__) && __BYTE_ORDER__ == __ORDER_LITTLE_ENDIAN__
   const uint64_t kLow = 0x000E000E000E000EULL, kHigh = 0x8000800080008000ULL;
   for (; i + 4 <= n; i += 4) {
     uint64_t x;
@@ -81,8 +91,17 @@ unsigned long SkipPlainUnits(const unsigned short* u, unsigned long i, unsigned 
   return i;
 }
 
-// The first 0 unit at or after i, or n; four units at a time as above.
+// The first 0 unit at or after i, or n; eight or four units at a time as above.
 unsigned long FindZeroUnit(const unsigned short* u, unsigned long i, unsigned long n) {
+#if defined(__SSE2__)
+  const __m128i zero = _mm_setzero_si128();
+  for (; i + 8 <= n; i += 8) {
+    const __m128i x = _mm_loadu_si128(reinterpret_cast<const __m128i*>(u + i));
+    const int hit = _mm_movemask_epi8(_mm_cmpeq_epi16(x, zero));
+    if (hit)
+      return i + static_cast<unsigned long>(__builtin_ctz(static_cast<unsigned>(hit))) / 2;
+  }
+#endif
   const uint64_t kOne = 0x0001000100010001ULL, kHigh = 0x8000800080008000ULL;
   for (; i + 4 <= n; i += 4) {
     uint64_t x;
