@@ -66,7 +66,7 @@ VN_API int GetRelativePath(LPCWSTR path, LPCWSTR base, CString& result);
 // be shortened (or needs no shortening and is not a plain full path), result
 // is the path and the value is maxLength.
 VN_API int AbbreviatePath(LPCWSTR path, int maxLength, CString& result);
-// 1 when one specification of the list (separated by '"', ',', ';', ' ',
+// 1 when one pattern of the list (separated by '"', ',', ';', ' ',
 // with quotes around names that hold those) matches the name.
 VN_API int NameIsInSpecList(LPCWSTR name, LPCWSTR specList);
 // The name's name part and extension (with its dot) each match those of
