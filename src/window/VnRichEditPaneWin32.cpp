@@ -33,13 +33,7 @@ CVnRichEditPane::~CVnRichEditPane() {}
 // routes its messages through this object, the control's own procedure
 // doing the default work.
 BOOL CVnRichEditPane::Create(DWORD style, const RECT& rect, CWnd* parent, UINT id) {
-  if (!CRichEditCtrl::Create(style, rect, parent, id))
-    return FALSE;
-  HWND hWnd = Detach();
-  if (SubclassWindow(hWnd))
-    return TRUE;
-  ::DestroyWindow(hWnd);
-  return FALSE;
+  return CRichEditCtrl::Create(style, rect, parent, id) && SubclassCreated();
 }
 
 //===-- What the pane asks of its parent -----------------------------------===//

@@ -10,13 +10,7 @@ IMPLEMENT_DYNAMIC(CScrollBar, CWnd)
 // The bar's messages are routed through this object, so that a scroll
 // message from it names this object as its bar.
 BOOL CScrollBar::Create(DWORD style, const RECT& rect, CWnd* parent, UINT id) {
-  if (!CWnd::CreateEx(0, L"SCROLLBAR", nullptr, style, rect, parent, id))
-    return FALSE;
-  HWND hWnd = Detach();
-  if (SubclassWindow(hWnd))
-    return TRUE;
-  ::DestroyWindow(hWnd);
-  return FALSE;
+  return CWnd::CreateEx(0, L"SCROLLBAR", nullptr, style, rect, parent, id) && SubclassCreated();
 }
 
 int CScrollBar::GetScrollPos() const {

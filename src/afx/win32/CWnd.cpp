@@ -192,6 +192,14 @@ BOOL CWnd::SubclassWindow(HWND hWnd) {
   return TRUE;
 }
 
+BOOL CWnd::SubclassCreated() {
+  HWND hWnd = Detach();
+  if (SubclassWindow(hWnd))
+    return TRUE;
+  ::DestroyWindow(hWnd);
+  return FALSE;
+}
+
 HWND CWnd::UnsubclassWindow() {
   HWND hWnd = m_hWnd;
   if (!hWnd)

@@ -46,6 +46,10 @@ public:
   // procedure becomes the default.
   BOOL SubclassWindow(HWND hWnd);
   HWND UnsubclassWindow();
+  // For a control just created through this object: routes its messages
+  // through WindowProc from now on.  Destroys the control and gives FALSE
+  // when that fails.
+  BOOL SubclassCreated();
 
   LRESULT SendMessage(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const;
   BOOL PostMessage(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const;
