@@ -97,18 +97,27 @@ static INT_PTR CountLines(size_t n, UnitEquals isEol) {
   return static_cast<INT_PTR>(ends + (n > 0 && !isEol(n - 1) ? 1 : 0));
 }
 
-// CountLines for 16-bit units, eight at a time with SSE2 (a match sets two
-// bits of the byte mask).
+// CountLines for 16-bit units, eight at a time with SSE2.  A matching unit
+// is all ones in the compare, that is -1 in its lane: subtracting the
+// compare from a lane counter counts it with no branch.  A lane counter
+// read as signed would turn negative after 32767 rounds, so the lanes are
+// summed every 32767.
 static INT_PTR CountUnitLines(const unsigned char* data, size_t n, uint16_t eol) {
   size_t i = 0, ends = 0;
 #if defined(__SSE2__) && defined(__BYTE_ORDER__) && __BYTE_ORDER__ == __ORDER_LITTLE_ENDIAN__
   const __m128i key = _mm_set1_epi16(static_cast<short>(eol));
-  for (; i + 8 <= n; i += 8) {
-    const __m128i x = _mm_loadu_si128(reinterpret_cast<const __m128i*>(data + 2 * i));
-    for (unsigned mask = static_cast<unsigned>(_mm_movemask_epi8(_mm_cmpeq_epi16(x, key))); mask; mask &= mask - 1)
-      ++ends;
+  while (i + 8 <= n) {
+    __m128i lanes = _mm_setzero_si128();
+    for (size_t rounds = 0; rounds < 32767 && i + 8 <= n; ++rounds, i += 8) {
+      const __m128i x = _mm_loadu_si128(reinterpret_cast<const __m128i*>(data + 2 * i));
+      lanes = _mm_sub_epi16(lanes, _mm_cmpeq_epi16(x, key));
+    }
+    // Each lane is at most 32767, a positive 16-bit number: pair them up into 32-bit sums.
+    const __m128i sums = _mm_madd_epi16(lanes, _mm_set1_epi16(1));
+    uint32_t part[4];
+    _mm_storeu_si128(reinterpret_cast<__m128i*>(part), sums);
+    ends += static_cast<size_t>(part[0]) + part[1] + part[2] + part[3];
   }
-  ends /= 2;
 #endif
   for (; i < n; ++i)
     ends += UnitAt(data, i) == eol ? 1 : 0;

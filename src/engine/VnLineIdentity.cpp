@@ -177,12 +177,13 @@ bool VnLinesEqual(const CVnDiffLine& a, const CVnDiffLine& b, const CVnLineFlags
 //===-- Classes ------------------------------------------------------------===//
 
 CVnClassTable::CVnClassTable(uint32_t size, const CVnLineFlags& flags)
-    : m_buckets(size, 0), m_pool(new CVnEquivalence[size]), m_nPoolSize(size), m_flags(flags) {
+    : m_buckets(size, 0), m_nReciprocal(UINT64_MAX / size + 1), m_pool(new CVnEquivalence[size]),
+      m_nPoolSize(size), m_flags(flags) {
   assert(size > 0 && "the table always has the five spare buckets");
 }
 
 int32_t CVnClassTable::ClassOf(const CVnLineSlot& slot) {
-  uint32_t& head = m_buckets[slot.m_nHash % m_buckets.size()];
+  uint32_t& head = m_buckets[BucketOf(slot.m_nHash)];
   CVnEquivalence* last = nullptr;
   for (uint32_t k = head; k != 0; k = last->m_nNext) {
     last = &m_pool[k];

@@ -58,7 +58,20 @@ public:
   int32_t Count() const { return m_nCounter; }
 
 private:
+  // hash mod T by multiplying with a reciprocal: the low 64 bits of
+  // reciprocal * hash are the fraction hash / T, and the high 64 bits of
+  // that fraction times T are the remainder.  Exact for 32-bit hash and T.
+  uint32_t BucketOf(uint32_t hash) const {
+#if defined(__SIZEOF_INT128__)
+    const uint64_t fraction = m_nReciprocal * hash;
+    return static_cast<uint32_t>((static_cast<unsigned __int128>(fraction) * m_buckets.size()) >> 64);
+#else
+    return hash % static_cast<uint32_t>(m_buckets.size());
+#endif
+  }
+
   std::vector<uint32_t> m_buckets;  // index of a chain's first node; 0 for none
+  uint64_t m_nReciprocal;           // 2^64 / bucket count, rounded up: hash mod T without a division
   // Nodes are written as classes are founded; the rest are never touched,
   // so their pages are never made resident.
   std::unique_ptr<CVnEquivalence[]> m_pool;

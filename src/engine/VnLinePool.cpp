@@ -10,6 +10,8 @@
 // record is still caught although the slab lives on.
 #include "engine/VnLinePool.h"
 
+#include "afx/os/OsSeam.h"
+
 #include <atomic>
 #include <cassert>
 #include <cstdint>
@@ -30,7 +32,7 @@
 
 namespace {
 
-const size_t kSlabSize = 64 * 1024;
+const size_t kSlabSize = 2 * 1024 * 1024;
 const size_t kHeaderSize = 64;
 
 // The most blocks a slab can hand out (all of the smallest size).  A new
@@ -50,6 +52,7 @@ struct Cursor {
   unsigned char* slab = nullptr;  // current slab, or null
   size_t used = 0;                // bytes handed out from it, header included
   uint32_t handed = 0;            // blocks handed out from it
+  uint32_t taken = 0;             // slabs this thread has taken
   void Retire() {
     if (slab)
       Release(slab, 1 + kMaxBlocks - handed);
@@ -60,7 +63,7 @@ struct Cursor {
 
 thread_local Cursor t_cursor;
 
-unsigned char* NewSlab() {
+unsigned char* NewSlab(bool large) {
   void* p = nullptr;
 #ifdef _WIN32
   p = _aligned_malloc(kSlabSize, kSlabSize);
@@ -70,6 +73,8 @@ unsigned char* NewSlab() {
 #endif
   if (!p)
     throw std::bad_alloc();
+  if (large)
+    vn::os::PrepareLargeWrite(p, kSlabSize);
   new (p) Slab{{1 + kMaxBlocks}};
   return static_cast<unsigned char*>(p);
 }
@@ -97,12 +102,13 @@ void* VnLinePoolAlloc(size_t size) {
   size = (size + 7) & ~static_cast<size_t>(7);
   Cursor& c = t_cursor;
   if (!c.slab || c.used + size > kSlabSize) {
-    unsigned char* fresh = NewSlab();
+    unsigned char* fresh = NewSlab(c.taken > 0);
     VN_POISON(fresh + kHeaderSize, kSlabSize - kHeaderSize);
     c.Retire();
     c.slab = fresh;
     c.used = kHeaderSize;
     c.handed = 0;
+    ++c.taken;
   }
   unsigned char* block = c.slab + c.used;
   c.used += size;

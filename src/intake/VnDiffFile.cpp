@@ -332,6 +332,27 @@ const unsigned long kStreamLimit = 256ul << 20;
 
 CString LocalText(UINT id) { return LoadLocalString(GetResourceModule(), id); }
 
+// A new buffer for text of which at least `written` bytes will be written
+// from its start.  Text that fills large pages starts on a large-page
+// boundary, a page's worth of slack into the buffer, and is advised as one
+// large write: the slack before the start is never touched, so it costs
+// address space only, and every page of the text comes in one fault.
+struct TextBuffer {
+  CVnSmartBytePtr buffer;
+  unsigned char* start = nullptr;
+  size_t size = 0;  // bytes allocated, slack included
+};
+
+void NewTextBuffer(size_t capacity, size_t written, TextBuffer& text) {
+  const size_t page = vn::os::LargePageSize();
+  const size_t slack = page != 0 && written >= 2 * page ? page : 0;
+  text.size = capacity + slack;
+  text.buffer = new unsigned char[text.size];
+  const uintptr_t at = reinterpret_cast<uintptr_t>(text.buffer.Get());
+  text.start = text.buffer.Get() + (slack ? (page - at % page) % page : 0);
+  vn::os::PrepareLargeWrite(text.start, written);
+}
+
 }  // namespace
 
 CVnDiffFile::CVnDiffFile()
@@ -562,7 +583,8 @@ bool CVnDiffFile::StreamAscii(CVnFile& file) {
   if (size == 0 || size > kStreamLimit || !AsciiIsIdentity(page))
     return false;
   const size_t capacity = 4 * static_cast<size_t>(size);
-  CVnSmartBytePtr out(new unsigned char[capacity]);
+  TextBuffer out;
+  NewTextBuffer(capacity, 2 * static_cast<size_t>(size), out);
   static const unsigned long kChunk = 1ul << 16;
   std::unique_ptr<unsigned char[]> chunk(new unsigned char[kChunk + 1]);
   unsigned long remaining = size, carry = 0;
@@ -580,18 +602,19 @@ bool CVnDiffFile::StreamAscii(CVnFile& file) {
     const unsigned long avail = carry + n;
     const unsigned char last = chunk[avail - 1];
     carry = remaining > 0 ? LoneEndAtTheEnd(chunk.get(), avail) : 0;
-    w += WidenAndRepair(chunk.get(), avail - carry, out.Get() + w, kinds);
+    w += WidenAndRepair(chunk.get(), avail - carry, out.start + w, kinds);
     chunk[0] = last;
   }
   if (carry)
-    w += WidenAndRepair(chunk.get(), 1, out.Get() + w, kinds);
+    w += WidenAndRepair(chunk.get(), 1, out.start + w, kinds);
   assert(w <= capacity && "four bytes out for every byte in at most");
   m_nFileType = TypeText;
   m_nEncoding = EncodingNone;
   m_nCodePage = page;
   m_bHasBOM = false;
-  m_nBufferSize = capacity;
-  m_pBuffer = m_pText = out.Detach();
+  m_nBufferSize = out.size;
+  m_pText = out.start;
+  m_pBuffer = out.buffer.Detach();
   m_dwTextLength = static_cast<uint32_t>(w);
   m_nLineEnds = kinds | EndsKnown;
   return true;
@@ -614,12 +637,14 @@ bool CVnDiffFile::DecodeAsciiRepaired(const unsigned char* in, unsigned long inS
   if (!AsciiIsIdentity(page) || memchr(start, 0, rest) || !ScanAscii(start, rest, bound))
     return false;
   const size_t capacity = 2 * (static_cast<size_t>(rest) + bound);
-  unsigned char* out = new unsigned char[capacity];
+  TextBuffer out;
+  NewTextBuffer(capacity, capacity, out);
   unsigned kinds = 0;
-  const unsigned long length = WidenAndRepair(start, rest, out, kinds);
+  const unsigned long length = WidenAndRepair(start, rest, out.start, kinds);
   assert(length <= capacity && "the bound covers every line end that grows");
-  m_pBuffer = m_pText = out;
-  m_nBufferSize = capacity;
+  m_nBufferSize = out.size;
+  m_pText = out.start;
+  m_pBuffer = out.buffer.Detach();
   m_dwTextLength = static_cast<uint32_t>(length);
   m_nLineEnds = kinds | EndsKnown;
   return true;

@@ -82,8 +82,9 @@ TEST(CMapTest, AgreesWithAReferenceMapUnderRandomOperations) {
       int v = -1;
       bool found = m.Lookup(key, v) != 0;
       ASSERT_EQ(ref.count(key) == 1, found);
-      if (found)
+      if (found) {
         EXPECT_EQ(ref[key], v);
+      }
     }
     }
   }

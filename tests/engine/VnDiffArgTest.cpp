@@ -78,6 +78,23 @@ TEST(VnDiffArgTest, SplitsSixteenBitUnitsAtEveryOffset) {
   }
 }
 
+// The line count runs eight units at a time in 16-bit lane counters that
+// are emptied every 32767 rounds: a buffer of nothing but terminators fills
+// every lane to the limit, more than once, with a tail behind the last round.
+TEST(VnDiffArgTest, CountsLongRunsOfTerminators) {
+  for (size_t units : {size_t(8 * 32767), size_t(8 * 32767 * 2 + 5)}) {
+    std::string text;
+    for (size_t k = 0; k < units; ++k)
+      text += std::string("\n\0", 2);
+    text += std::string("z\0", 2);
+    CVnDiffArg arg(CVnFileInfo::Text16, 0);
+    arg.Create(text.data(), static_cast<unsigned long>(text.size()));
+    ASSERT_EQ(static_cast<INT_PTR>(units + 1), arg.GetLines().GetSize()) << units;
+    EXPECT_EQ(0u, arg.GetLines().GetAt(0)->GetLength());
+    EXPECT_EQ(2u, arg.GetLines().GetAt(static_cast<INT_PTR>(units))->GetLength());
+  }
+}
+
 TEST(VnDiffArgTest, LineRecordsPointIntoTheBuffer) {
   auto set = MakeSet("ab\n\ncd", CVnFileInfo::Text8);
   const CVnDiffLineArray& lines = set.arg->GetLines();

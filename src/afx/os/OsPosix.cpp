@@ -12,6 +12,7 @@
 #include <fcntl.h>
 #include <iconv.h>
 #include <langinfo.h>
+#include <sys/mman.h>
 #include <sys/stat.h>
 #include <sys/statvfs.h>
 #include <unistd.h>
@@ -515,6 +516,29 @@ bool DiskFreeSpace(LPCWSTR path, uint64_t& freeToCaller) {
     return FailWithErrno();
   freeToCaller = static_cast<uint64_t>(vfs.f_bavail) * vfs.f_frsize;
   return true;
+}
+
+// Transparent huge pages are 2 MiB on the machines this builds for; the
+// request is advice, so a kernel without them just says no.
+size_t LargePageSize() {
+#if defined(MADV_HUGEPAGE)
+  return size_t(2) << 20;
+#else
+  return 0;
+#endif
+}
+
+void PrepareLargeWrite(void* p, size_t n) {
+#if defined(MADV_HUGEPAGE)
+  const uintptr_t kHuge = LargePageSize();
+  const uintptr_t begin = (reinterpret_cast<uintptr_t>(p) + kHuge - 1) & ~(kHuge - 1);
+  const uintptr_t end = (reinterpret_cast<uintptr_t>(p) + n) & ~(kHuge - 1);
+  if (end > begin)
+    ::madvise(reinterpret_cast<void*>(begin), end - begin, MADV_HUGEPAGE);
+#else
+  (void)p;
+  (void)n;
+#endif
 }
 
 }  // namespace os

@@ -81,6 +81,17 @@ WideText ModuleFileName();
 // Bytes free to the caller on the volume that holds path.
 bool DiskFreeSpace(LPCWSTR path, uint64_t& freeToCaller);
 
+//===-- Memory -------------------------------------------------------------===//
+
+// A hint that the n bytes at p are about to be written from start to end:
+// where the system backs memory with large pages on request, the whole large
+// pages inside the range get them, which saves a fault per small page.  Only
+// pages that lie wholly inside the range are affected, so no memory beyond
+// what is written is taken.  Does nothing where there is no such request.
+void PrepareLargeWrite(void* p, size_t n);
+// The size of those large pages, or 0 where PrepareLargeWrite does nothing.
+size_t LargePageSize();
+
 }  // namespace os
 }  // namespace vn
 

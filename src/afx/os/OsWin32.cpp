@@ -151,5 +151,9 @@ bool DiskFreeSpace(LPCWSTR path, uint64_t& freeToCaller) {
   return true;
 }
 
+// Large pages on Windows need a privilege ordinary users lack.
+void PrepareLargeWrite(void*, size_t) {}
+size_t LargePageSize() { return 0; }
+
 }  // namespace os
 }  // namespace vn
