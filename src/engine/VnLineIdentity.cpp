@@ -12,6 +12,8 @@
 // difference, then the stored hashes) and walks the units only when needed.
 #include "engine/VnLineIdentity.h"
 
+#include "engine/VnHashKernels.h"
+
 #include <cassert>
 #include <cstring>
 
@@ -82,27 +84,16 @@ static const CoefficientTable& Coefficients() {
   return table;
 }
 
-// Unit i through one load; the 8-bit read is the byte itself.
-static uint32_t Load8(const unsigned char* p, uint32_t i) { return p[i]; }
-static uint32_t Load16(const unsigned char* p, uint32_t i) {
-  uint16_t u;
-  memcpy(&u, p + 2 * i, sizeof u);
-#if defined(__BYTE_ORDER__) && __BYTE_ORDER__ == __ORDER_BIG_ENDIAN__
-  u = static_cast<uint16_t>((u >> 8) | (u << 8));
-#endif
-  return u;
-}
-
-template <uint32_t (*Load)(const unsigned char*, uint32_t)>
-static uint32_t HashPlainUnits(const unsigned char* p, uint32_t n) {
+// The dot product over the table's positions, then the walk with the
+// weight reached for any units past it.
+static uint32_t HashPlainUnits(const CVnDiffLine& line, uint32_t n) {
   const CoefficientTable& t = Coefficients();
   const uint32_t m = n < kTableSize ? n : kTableSize;
-  uint32_t h = 0, i = 0;
-  for (; i < m; ++i)  // a plain reduction, which the compiler vectorizes
-    h += Load(p, i) * t.coef[i];
+  const unsigned char* p = line.GetBytes();
+  uint32_t h = line.IsWide() ? VnDotUnits16(p, t.coef, m) : VnDotUnits8(p, t.coef, m);
   uint32_t weight = t.next;
-  for (; i < n; ++i, weight *= kHashWeight)
-    h += Load(p, i) * (i + 1) * weight;
+  for (uint32_t i = m; i < n; ++i, weight *= kHashWeight)
+    h += (line.IsWide() ? Units16::At(p, i) : Units8::At(p, i)) * (i + 1) * weight;
   return h;
 }
 
@@ -110,7 +101,7 @@ uint32_t VnHashLine(CVnDiffLine& line, const CVnLineFlags& flags) {
   uint32_t n = line.GetUnitCount();
   uint32_t h = 0;
   if (n != 0 && !flags.Any())
-    h = line.IsWide() ? HashPlainUnits<Load16>(line.GetBytes(), n) : HashPlainUnits<Load8>(line.GetBytes(), n);
+    h = HashPlainUnits(line, n);
   else if (n != 0)
     h = line.IsWide() ? HashUnits<Units16>(line.GetBytes(), n, flags)
                       : HashUnits<Units8>(line.GetBytes(), n, flags);

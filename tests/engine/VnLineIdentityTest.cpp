@@ -1,6 +1,7 @@
 // VnLineIdentityTest.cpp - the line hash, equality under the three flags,
 // and class numbers from the hash chains.
 #include "EngineTestUtil.h"
+#include "engine/VnHashKernels.h"
 #include "engine/VnLineIdentity.h"
 
 #include <gtest/gtest.h>
@@ -83,6 +84,24 @@ TEST(VnLineIdentityTest, HashWithoutFlagsIsTheDefinedSumAtEveryLength) {
     EXPECT_EQ(expected, VnHashLine(w, none)) << n;
     EXPECT_EQ(VnHashLine(w2, ws), w.GetHash()) << n;
     EXPECT_EQ(VnHashLine(b2, ws), VnHashLine(b, none)) << n;
+  }
+}
+
+// The widest kernel the machine runs against the portable one, at every
+// length around the eight-lane steps, on bytes at odd addresses too.
+TEST(VnLineIdentityTest, HashKernelsAgree) {
+  std::vector<uint32_t> coef(80);
+  std::string bytes(2 * coef.size() + 1, '\0');
+  for (size_t i = 0; i < coef.size(); ++i)
+    coef[i] = static_cast<uint32_t>(i * 2654435761u + 12345u);
+  for (size_t i = 0; i < bytes.size(); ++i)
+    bytes[i] = static_cast<char>(i * 151u + 7u);
+  for (uint32_t n = 0; n <= coef.size(); ++n) {
+    for (size_t offset = 0; offset < 2; ++offset) {
+      const unsigned char* p = reinterpret_cast<const unsigned char*>(bytes.data()) + offset;
+      EXPECT_EQ(VnDotUnits8Portable(p, coef.data(), n), VnDotUnits8(p, coef.data(), n)) << n;
+      EXPECT_EQ(VnDotUnits16Portable(p, coef.data(), n), VnDotUnits16(p, coef.data(), n)) << n;
+    }
   }
 }
 
