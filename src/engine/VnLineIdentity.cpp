@@ -168,9 +168,14 @@ bool VnLinesEqual(const CVnDiffLine& a, const CVnDiffLine& b, const CVnLineFlags
 //===-- Classes ------------------------------------------------------------===//
 
 CVnClassTable::CVnClassTable(uint32_t size, const CVnLineFlags& flags)
-    : m_buckets(size, 0), m_nReciprocal(UINT64_MAX / size + 1), m_pool(new CVnEquivalence[size]),
-      m_nPoolSize(size), m_flags(flags) {
+    : m_nSize(size), m_nReciprocal(UINT64_MAX / size + 1), m_flags(flags) {
   assert(size > 0 && "the table always has the five spare buckets");
+  const size_t bucketBytes = (sizeof(uint32_t) * size + alignof(CVnEquivalence) - 1) & ~(alignof(CVnEquivalence) - 1);
+  const size_t bytes = bucketBytes + sizeof(CVnEquivalence) * size;
+  m_block = VnNewLargeBuffer(bytes, bytes);
+  m_buckets = reinterpret_cast<uint32_t*>(m_block.start);
+  memset(m_buckets, 0, sizeof(uint32_t) * size);
+  m_pool = reinterpret_cast<CVnEquivalence*>(m_block.start + bucketBytes);
 }
 
 int32_t CVnClassTable::ClassOf(const CVnLineSlot& slot) {
@@ -181,7 +186,7 @@ int32_t CVnClassTable::ClassOf(const CVnLineSlot& slot) {
     if (last->m_nHash == slot.m_nHash && VnLinesEqual(*slot.m_pLine, *last->m_pLine, m_flags))
       return static_cast<int32_t>(k);
   }
-  if (static_cast<uint32_t>(m_nCounter) >= m_nPoolSize)
+  if (static_cast<uint32_t>(m_nCounter) >= m_nSize)
     throw last;
   CVnEquivalence& node = m_pool[static_cast<size_t>(m_nCounter)];
   node.m_nNext = head;

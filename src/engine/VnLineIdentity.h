@@ -6,6 +6,7 @@
 #ifndef VN_ENGINE_VNLINEIDENTITY_H
 #define VN_ENGINE_VNLINEIDENTITY_H
 
+#include "afx/portable/LargeBuffer.h"
 #include "engine/VnDiffLine.h"
 
 #include <cstdint>
@@ -64,18 +65,20 @@ private:
   uint32_t BucketOf(uint32_t hash) const {
 #if defined(__SIZEOF_INT128__)
     const uint64_t fraction = m_nReciprocal * hash;
-    return static_cast<uint32_t>((static_cast<unsigned __int128>(fraction) * m_buckets.size()) >> 64);
+    return static_cast<uint32_t>((static_cast<unsigned __int128>(fraction) * m_nSize) >> 64);
 #else
-    return hash % static_cast<uint32_t>(m_buckets.size());
+    return hash % static_cast<uint32_t>(m_nSize);
 #endif
   }
 
-  std::vector<uint32_t> m_buckets;  // index of a chain's first node; 0 for none
-  uint64_t m_nReciprocal;           // 2^64 / bucket count, rounded up: hash mod T without a division
-  // Nodes are written as classes are founded; the rest are never touched,
-  // so their pages are never made resident.
-  std::unique_ptr<CVnEquivalence[]> m_pool;
-  uint32_t m_nPoolSize;
+  // Buckets and nodes share one block.  The buckets are zeroed; nodes are
+  // written as classes are founded, and the rest are never touched, so
+  // their pages are never made resident.
+  CVnLargeBuffer m_block;
+  uint32_t* m_buckets;       // T: index of a chain's first node; 0 for none
+  CVnEquivalence* m_pool;    // T nodes
+  uint32_t m_nSize;          // T
+  uint64_t m_nReciprocal;    // 2^64 / T, rounded up: hash mod T without a division
   CVnLineFlags m_flags;
   int32_t m_nCounter = 1;  // class 0 is the common prefix's
 };

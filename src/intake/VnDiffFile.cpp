@@ -20,6 +20,7 @@
 // that print lines as the file had them.
 #include "intake/VnDiffFile.h"
 
+#include "afx/portable/LargeBuffer.h"
 #include "foundation/LocalResources.h"
 #include "intake/VnCPInfo.h"
 #include "intake/VnFile.h"
@@ -332,27 +333,6 @@ const unsigned long kStreamLimit = 256ul << 20;
 
 CString LocalText(UINT id) { return LoadLocalString(GetResourceModule(), id); }
 
-// A new buffer for text of which at least `written` bytes will be written
-// from its start.  Text that fills large pages starts on a large-page
-// boundary, a page's worth of slack into the buffer, and is advised as one
-// large write: the slack before the start is never touched, so it costs
-// address space only, and every page of the text comes in one fault.
-struct TextBuffer {
-  CVnSmartBytePtr buffer;
-  unsigned char* start = nullptr;
-  size_t size = 0;  // bytes allocated, slack included
-};
-
-void NewTextBuffer(size_t capacity, size_t written, TextBuffer& text) {
-  const size_t page = vn::os::LargePageSize();
-  const size_t slack = page != 0 && written >= 2 * page ? page : 0;
-  text.size = capacity + slack;
-  text.buffer = new unsigned char[text.size];
-  const uintptr_t at = reinterpret_cast<uintptr_t>(text.buffer.Get());
-  text.start = text.buffer.Get() + (slack ? (page - at % page) % page : 0);
-  vn::os::PrepareLargeWrite(text.start, written);
-}
-
 }  // namespace
 
 CVnDiffFile::CVnDiffFile()
@@ -583,8 +563,7 @@ bool CVnDiffFile::StreamAscii(CVnFile& file) {
   if (size == 0 || size > kStreamLimit || !AsciiIsIdentity(page))
     return false;
   const size_t capacity = 4 * static_cast<size_t>(size);
-  TextBuffer out;
-  NewTextBuffer(capacity, 2 * static_cast<size_t>(size), out);
+  CVnLargeBuffer out = VnNewLargeBuffer(capacity, 2 * static_cast<size_t>(size));  // at least this much is written
   static const unsigned long kChunk = 1ul << 16;
   std::unique_ptr<unsigned char[]> chunk(new unsigned char[kChunk + 1]);
   unsigned long remaining = size, carry = 0;
@@ -614,7 +593,7 @@ bool CVnDiffFile::StreamAscii(CVnFile& file) {
   m_bHasBOM = false;
   m_nBufferSize = out.size;
   m_pText = out.start;
-  m_pBuffer = out.buffer.Detach();
+  m_pBuffer = out.base.release();
   m_dwTextLength = static_cast<uint32_t>(w);
   m_nLineEnds = kinds | EndsKnown;
   return true;
@@ -637,14 +616,13 @@ bool CVnDiffFile::DecodeAsciiRepaired(const unsigned char* in, unsigned long inS
   if (!AsciiIsIdentity(page) || memchr(start, 0, rest) || !ScanAscii(start, rest, bound))
     return false;
   const size_t capacity = 2 * (static_cast<size_t>(rest) + bound);
-  TextBuffer out;
-  NewTextBuffer(capacity, capacity, out);
+  CVnLargeBuffer out = VnNewLargeBuffer(capacity, capacity);
   unsigned kinds = 0;
   const unsigned long length = WidenAndRepair(start, rest, out.start, kinds);
   assert(length <= capacity && "the bound covers every line end that grows");
   m_nBufferSize = out.size;
   m_pText = out.start;
-  m_pBuffer = out.buffer.Detach();
+  m_pBuffer = out.base.release();
   m_dwTextLength = static_cast<uint32_t>(length);
   m_nLineEnds = kinds | EndsKnown;
   return true;
