@@ -8,6 +8,8 @@
 // the lines, so that the record array is allocated once at its final size.
 #include "engine/VnDiffArg.h"
 
+#include "engine/VnLinePool.h"
+
 #include <cstring>
 #if defined(__SSE2__)
 #include <emmintrin.h>
@@ -130,6 +132,7 @@ static INT_PTR CountUnitLines(const unsigned char* data, size_t n, uint16_t eol)
 template <class MakeNext>
 static void FillLines(CVnDiffLineArray& lines, INT_PTR count, MakeNext makeNext) {
   lines.SetSize(count);
+  VnLinePoolExpect(sizeof(CVnDiffLine), static_cast<size_t>(count));
   void** slots = lines.GetData();
   INT_PTR made = 0;
   try {

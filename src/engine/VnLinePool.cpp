@@ -52,7 +52,7 @@ struct Cursor {
   unsigned char* slab = nullptr;  // current slab, or null
   size_t used = 0;                // bytes handed out from it, header included
   uint32_t handed = 0;            // blocks handed out from it
-  uint32_t taken = 0;             // slabs this thread has taken
+  size_t expected = 0;            // bytes the thread said it will ask for next
   void Retire() {
     if (slab)
       Release(slab, 1 + kMaxBlocks - handed);
@@ -102,19 +102,26 @@ void* VnLinePoolAlloc(size_t size) {
   size = (size + 7) & ~static_cast<size_t>(7);
   Cursor& c = t_cursor;
   if (!c.slab || c.used + size > kSlabSize) {
-    unsigned char* fresh = NewSlab(c.taken > 0);
+    // A slab that the expected requests will fill is worth large pages;
+    // one that may stay partly empty is not, as its unused part would be
+    // resident too.
+    unsigned char* fresh = NewSlab(c.expected >= kSlabSize);
     VN_POISON(fresh + kHeaderSize, kSlabSize - kHeaderSize);
     c.Retire();
     c.slab = fresh;
     c.used = kHeaderSize;
     c.handed = 0;
-    ++c.taken;
   }
+  c.expected = c.expected > size ? c.expected - size : 0;
   unsigned char* block = c.slab + c.used;
   c.used += size;
   ++c.handed;
   VN_UNPOISON(block, size);
   return block;
+}
+
+void VnLinePoolExpect(size_t size, size_t count) {
+  t_cursor.expected = ((size + 7) & ~static_cast<size_t>(7)) * count;
 }
 
 void VnLinePoolFree(void* block, size_t size) noexcept {

@@ -2,7 +2,7 @@
 //
 // A comparison makes one record per line, hundreds of thousands at a time,
 // and frees them all together.  The general heap spends a header and a
-// search on each; the pool hands them out by bumping a cursor through 64 KiB
+// search on each; the pool hands them out by bumping a cursor through 2 MiB
 // slabs, each aligned to its own size, so that a record finds its slab by
 // masking its address.  A slab counts its live records (plus one while it is
 // some thread's current slab) and goes back to the heap when the count
@@ -15,6 +15,12 @@
 // A block of `size` bytes (at most kVnLinePoolMaxBlock); raises
 // std::bad_alloc when no slab can be had.  Thread-safe.
 void* VnLinePoolAlloc(size_t size);
+// Says that this thread will now ask for `count` blocks of `size` bytes,
+// one after another.  Slabs that those requests will fill are backed with
+// large pages where the system has them, which spares the faults of small
+// pages and the address-cache misses of random reads; a slab that may stay
+// partly empty is not, so no more memory becomes resident than is used.
+void VnLinePoolExpect(size_t size, size_t count);
 // Gives back a block of `size` bytes from VnLinePoolAlloc, from any thread.
 void VnLinePoolFree(void* block, size_t size) noexcept;
 
