@@ -92,13 +92,24 @@ static void StripCommonEnds(const CVnDiffLineArray& src, const CVnDiffLineArray&
 
 // Hashes each line of the side's range and gives it its class; prefix lines
 // are class 0 and are not hashed.  A slot lives only for its own call: the
-// table keeps the founder's hash and record, not the slot.
+// table keeps the founder's hash and record, not the slot.  A line is hashed
+// kAhead lines before its class is looked up, and its bucket and first node
+// are fetched on the way, so that the table's cache misses overlap with
+// other work; the line's own text is still in the cache when it is compared.
 static void ClassifySide(CVnClassTable& table, const CVnDiffLineArray& lines, CVnCompareSide& side,
                          const CVnLineFlags& flags) {
-  side.m_classes.assign(static_cast<size_t>(side.m_nRangeEnd), 0);
-  for (int32_t i = side.m_nPrefix; i < side.m_nRangeEnd; ++i) {
-    CVnDiffLine* line = lines.GetAt(i);
-    const CVnLineSlot slot = {line, i, VnHashLine(*line, flags)};
+  const int32_t first = side.m_nPrefix, end = side.m_nRangeEnd;
+  side.m_classes.assign(static_cast<size_t>(end), 0);
+  CVnDiffLine* const* line = reinterpret_cast<CVnDiffLine* const*>(lines.GetData());
+  const int32_t kAhead = 16;
+  for (int32_t i = first; i < end && i < first + kAhead; ++i)
+    table.PrefetchBucket(VnHashLine(*line[i], flags));
+  for (int32_t i = first; i < end; ++i) {
+    if (i + kAhead < end)
+      table.PrefetchBucket(VnHashLine(*line[i + kAhead], flags));
+    if (i + kAhead / 2 < end)
+      table.PrefetchHead(line[i + kAhead / 2]->GetHash());
+    const CVnLineSlot slot = {line[i], i, line[i]->GetHash()};
     side.m_classes[static_cast<size_t>(i)] = table.ClassOf(slot);
   }
   side.m_nLineTotal = side.m_nRangeEnd;

@@ -58,7 +58,20 @@ public:
   // The next number to be handed out: every class number lies below it.
   int32_t Count() const { return m_nCounter; }
 
+  // Starts the loads of a lookup for a line whose ClassOf comes some calls
+  // later: its bucket first, then (a few lines on, once the bucket is in)
+  // the chain's first node.
+  void PrefetchBucket(uint32_t hash) const { Prefetch(&m_buckets[BucketOf(hash)]); }
+  void PrefetchHead(uint32_t hash) const { Prefetch(&m_pool[m_buckets[BucketOf(hash)]]); }
+
 private:
+  static void Prefetch(const void* p) {
+#if defined(__GNUC__)
+    __builtin_prefetch(p);
+#else
+    (void)p;
+#endif
+  }
   // hash mod T by multiplying with a reciprocal: the low 64 bits of
   // reciprocal * hash are the fraction hash / T, and the high 64 bits of
   // that fraction times T are the remainder.  Exact for 32-bit hash and T.
