@@ -11,6 +11,7 @@
 #include "engine/VnLinePool.h"
 
 #include <cstring>
+#include <new>
 #if defined(__SSE2__)
 #include <emmintrin.h>
 #endif
@@ -40,13 +41,13 @@ void CVnDiffArg::Create(const void* data, unsigned long size) {
   }
 }
 
-// The record for one line.  A line's length is 32 bits: a longer line
-// (possible only where a buffer may exceed 4 GiB) is refused rather than cut
-// short.
-static CVnDiffLine* MakeLine(const unsigned char* start, size_t bytes, bool wide) {
+// The record for one line, made in `memory` from the line pool.  A line's
+// length is 32 bits: a longer line (possible only where a buffer may exceed
+// 4 GiB) is refused rather than cut short.
+static CVnDiffLine* MakeLine(void* memory, const unsigned char* start, size_t bytes, bool wide) {
   if (bytes > 0xFFFFFFFFu)
     AfxThrowInvalidArgException();
-  return new CVnDiffLine(start, static_cast<uint32_t>(bytes), wide);
+  return ::new (memory) CVnDiffLine(start, static_cast<uint32_t>(bytes), wide);
 }
 
 // Unit i, little-endian, through one load where the machine allows it (a
@@ -127,20 +128,30 @@ static INT_PTR CountUnitLines(const unsigned char* data, size_t n, uint16_t eol)
 }
 
 // Sizes the array once for count lines and fills it through makeNext, which
-// gives the record of the next line.  If a record can't be made, the array
-// keeps the records made so far and nothing else.
+// makes the record of the next line in the memory it is given.  Records
+// come from the line pool a run at a time (what `new CVnDiffLine` would
+// give, one call for many).  If a record can't be made, the array keeps the
+// records made so far and nothing else, and the run's unused blocks go back.
 template <class MakeNext>
 static void FillLines(CVnDiffLineArray& lines, INT_PTR count, MakeNext makeNext) {
   lines.SetSize(count);
-  VnLinePoolExpect(sizeof(CVnDiffLine), static_cast<size_t>(count));
   void** slots = lines.GetData();
+  const size_t stride = VnLinePoolStride(sizeof(CVnDiffLine));
   INT_PTR made = 0;
-  try {
-    for (; made < count; ++made)
-      slots[made] = makeNext();
-  } catch (...) {
-    lines.SetSize(made);
-    throw;
+  while (made < count) {
+    size_t got = 0;
+    unsigned char* run =
+        static_cast<unsigned char*>(VnLinePoolAllocRun(sizeof(CVnDiffLine), static_cast<size_t>(count - made), got));
+    size_t k = 0;
+    try {
+      for (; k < got; ++k, ++made)
+        slots[made] = makeNext(run + k * stride);
+    } catch (...) {
+      for (; k < got; ++k)
+        VnLinePoolFree(run + k * stride, sizeof(CVnDiffLine));
+      lines.SetSize(made);
+      throw;
+    }
   }
 }
 
@@ -149,10 +160,10 @@ static void FillLines(CVnDiffLineArray& lines, INT_PTR count, MakeNext makeNext)
 static bool SplitBytes(const unsigned char* data, size_t size, unsigned char eol, CVnDiffLineArray& lines) {
   const INT_PTR count = CountLines(size, [=](size_t i) { return data[i] == eol; });
   size_t cursor = 0;
-  FillLines(lines, count, [&]() {
+  FillLines(lines, count, [&](void* memory) {
     const void* hit = memchr(data + cursor, eol, size - cursor);
     size_t end = hit ? static_cast<size_t>(static_cast<const unsigned char*>(hit) - data) : size;
-    CVnDiffLine* line = MakeLine(data + cursor, end - cursor, false);
+    CVnDiffLine* line = MakeLine(memory, data + cursor, end - cursor, false);
     cursor = end + 1;
     return line;
   });
@@ -163,9 +174,9 @@ static bool SplitBytes(const unsigned char* data, size_t size, unsigned char eol
 static bool SplitUnits(const unsigned char* data, size_t units, uint16_t eol, CVnDiffLineArray& lines) {
   const INT_PTR count = CountUnitLines(data, units, eol);
   size_t cursor = 0;
-  FillLines(lines, count, [&]() {
+  FillLines(lines, count, [&](void* memory) {
     size_t end = FindUnit(data, cursor, units, eol);
-    CVnDiffLine* line = MakeLine(data + 2 * cursor, 2 * (end - cursor), true);
+    CVnDiffLine* line = MakeLine(memory, data + 2 * cursor, 2 * (end - cursor), true);
     cursor = end + 1;
     return line;
   });

@@ -52,7 +52,6 @@ struct Cursor {
   unsigned char* slab = nullptr;  // current slab, or null
   size_t used = 0;                // bytes handed out from it, header included
   uint32_t handed = 0;            // blocks handed out from it
-  size_t expected = 0;            // bytes the thread said it will ask for next
   void Retire() {
     if (slab)
       Release(slab, 1 + kMaxBlocks - handed);
@@ -97,31 +96,33 @@ void Release(unsigned char* slab, uint32_t count) {
 
 }  // namespace
 
-void* VnLinePoolAlloc(size_t size) {
+void* VnLinePoolAllocRun(size_t size, size_t count, size_t& got) {
   assert(size <= kVnLinePoolMaxBlock && "the pool serves small records only");
-  size = (size + 7) & ~static_cast<size_t>(7);
+  assert(count > 0 && "a run has at least one block");
+  size = VnLinePoolStride(size);
   Cursor& c = t_cursor;
   if (!c.slab || c.used + size > kSlabSize) {
-    // A slab that the expected requests will fill is worth large pages;
-    // one that may stay partly empty is not, as its unused part would be
-    // resident too.
-    unsigned char* fresh = NewSlab(c.expected >= kSlabSize);
+    // A slab that the run will fill is worth large pages; one that may
+    // stay partly empty is not, as its unused part would be resident too.
+    unsigned char* fresh = NewSlab(count >= (kSlabSize - kHeaderSize) / size);
     VN_POISON(fresh + kHeaderSize, kSlabSize - kHeaderSize);
     c.Retire();
     c.slab = fresh;
     c.used = kHeaderSize;
     c.handed = 0;
   }
-  c.expected = c.expected > size ? c.expected - size : 0;
+  const size_t room = (kSlabSize - c.used) / size;
+  got = count < room ? count : room;
   unsigned char* block = c.slab + c.used;
-  c.used += size;
-  ++c.handed;
-  VN_UNPOISON(block, size);
+  c.used += got * size;
+  c.handed += static_cast<uint32_t>(got);
+  VN_UNPOISON(block, got * size);
   return block;
 }
 
-void VnLinePoolExpect(size_t size, size_t count) {
-  t_cursor.expected = ((size + 7) & ~static_cast<size_t>(7)) * count;
+void* VnLinePoolAlloc(size_t size) {
+  size_t got = 0;
+  return VnLinePoolAllocRun(size, 1, got);
 }
 
 void VnLinePoolFree(void* block, size_t size) noexcept {

@@ -15,12 +15,17 @@
 // A block of `size` bytes (at most kVnLinePoolMaxBlock); raises
 // std::bad_alloc when no slab can be had.  Thread-safe.
 void* VnLinePoolAlloc(size_t size);
-// Says that this thread will now ask for `count` blocks of `size` bytes,
-// one after another.  Slabs that those requests will fill are backed with
-// large pages where the system has them, which spares the faults of small
-// pages and the address-cache misses of random reads; a slab that may stay
-// partly empty is not, so no more memory becomes resident than is used.
-void VnLinePoolExpect(size_t size, size_t count);
+// Up to `count` blocks of `size` bytes laid end to end, VnLinePoolStride
+// apart, for a caller that makes many records at once: as many as the
+// thread's current slab has room for, or a new slab's worth.  `got` says how
+// many (at least 1); each is freed on its own with VnLinePoolFree.  A new
+// slab that the run will fill is backed with large pages where the system
+// has them, which spares the faults of small pages and the address-cache
+// misses of random reads; one that may stay partly empty is not, so no more
+// memory becomes resident than is used.
+void* VnLinePoolAllocRun(size_t size, size_t count, size_t& got);
+// The distance between blocks of `size` bytes: every block is 8-aligned.
+inline size_t VnLinePoolStride(size_t size) { return (size + 7) & ~static_cast<size_t>(7); }
 // Gives back a block of `size` bytes from VnLinePoolAlloc, from any thread.
 void VnLinePoolFree(void* block, size_t size) noexcept;
 

@@ -14,8 +14,8 @@
 
 namespace {
 
-// Enough records to fill several 64 KiB slabs.
-const int kMany = 10000;
+// Enough records to fill several 2 MiB slabs.
+const int kMany = 200000;
 
 std::vector<CVnDiffLine*> MakeRecords(int count) {
   static const unsigned char text[] = "abc";
@@ -76,6 +76,31 @@ TEST(VnLinePoolTest, RecordsOutliveTheThreadThatMadeThem) {
   for (size_t i = 1; i < records.size(); i += 2)
     delete records[i];
   freer.join();
+}
+
+// A run never crosses a slab: it stops where the slab ends, and the next
+// run or single block starts a new one.  Every block is distinct however
+// runs and single blocks mix.
+TEST(VnLinePoolTest, RunsStopAtTheSlabEndAndMixWithSingleBlocks) {
+  const size_t stride = VnLinePoolStride(sizeof(CVnDiffLine));
+  std::vector<unsigned char*> blocks;
+  size_t total = 0, runs = 0;
+  while (total < 3 * static_cast<size_t>(kMany)) {
+    size_t got = 0;
+    unsigned char* run = static_cast<unsigned char*>(VnLinePoolAllocRun(sizeof(CVnDiffLine), kMany, got));
+    ASSERT_GE(got, 1u);
+    ASSERT_LE(got, static_cast<size_t>(kMany));
+    for (size_t k = 0; k < got; ++k)
+      blocks.push_back(run + k * stride);
+    blocks.push_back(static_cast<unsigned char*>(VnLinePoolAlloc(sizeof(CVnDiffLine))));
+    total += got + 1;
+    ++runs;
+  }
+  EXPECT_GT(runs, 3u) << "runs as long as a slab allows, no longer";
+  std::set<unsigned char*> distinct(blocks.begin(), blocks.end());
+  EXPECT_EQ(blocks.size(), distinct.size());
+  for (unsigned char* b : blocks)
+    VnLinePoolFree(b, sizeof(CVnDiffLine));
 }
 
 TEST(VnLinePoolTest, LineSetsDeleteTheirPooledRecords) {
