@@ -108,8 +108,9 @@ TEST_F(CRichEditCtrlTest, CharacterFormatOfTheSelectionRoundTrips) {
     CHARFORMATW read = {};
     m_edit.GetSelectionCharFormat(read);
     EXPECT_EQ(c.uniform, (read.dwMask & CFM_COLOR) != 0);
-    if (c.uniform)
+    if (c.uniform) {
       EXPECT_EQ(c.struck, read.crTextColor == 0x0000FF && (read.dwEffects & CFE_STRIKEOUT) != 0);
+    }
   }
 }
 

@@ -79,8 +79,9 @@ TEST(CWndHandlers, ScrollMessagesCarryCodePositionAndTheSendingBar) {
     EXPECT_EQ(c.pos, s.pos);
     EXPECT_EQ(c.bar, s.barWnd);
     EXPECT_EQ(c.bar == nullptr, s.bar == nullptr);
-    if (c.bar == owned.GetSafeHwnd())
+    if (c.bar == owned.GetSafeHwnd()) {
       EXPECT_EQ(&owned, s.bar);
+    }
   }
   EXPECT_TRUE(::IsWindow(loose));  // lending doesn't destroy
   EXPECT_EQ(nullptr, CWnd::FromHandlePermanent(loose));
