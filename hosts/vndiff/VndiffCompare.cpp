@@ -56,10 +56,16 @@ int RunCompare(const Options& o, std::FILE* out) {
   ReadPair(o, source, target, sourceFile, targetFile);
   CVnDiffChangeList changes;
   source->lines.Compare(o.ignoreWhitespace, o.ignoreCase, o.ignoreLineEnds, target->lines, changes);
-  // Raw lines hold no terminator, so a last line that differs only by its
-  // line end needs a record of its own for the output to rebuild the target.
-  if (!source->wide && !o.ignoreLineEnds && o.format != Format::Records)
-    AddFinalNewlineChange(*source, *target, changes);
+  // The output must rebuild the target byte for byte, line ends included,
+  // which the lines alone can't tell: raw lines hold no terminator (only the
+  // last line can lack one), decoded lines all end in CR LF.  The records
+  // form shows Compare's own records.
+  if (!o.ignoreLineEnds && o.format != Format::Records) {
+    if (source->wide && target->wide)
+      AddLineEndChanges(*source, *target, changes);
+    else if (!source->wide && !target->wide)
+      AddFinalNewlineChange(*source, *target, changes);
+  }
   if (!o.saveDelta.empty())
     SaveDelta(o.saveDelta, o.files[0], o.files[1]);
 

@@ -99,11 +99,15 @@ std::vector<Span> ToSpans(const CVnDiffChangeList& changes, bool join);
 // A last line that differs only in its line end is a change the engine can't
 // see (the lines hold no terminator): adds a Change record for it.
 void AddFinalNewlineChange(const InputText& source, const InputText& target, CVnDiffChangeList& changes);
+// Decoded text: lines paired as unchanged that differ in the files' bytes
+// around them (LF against CR LF) become Change records.
+void AddLineEndChanges(const InputText& source, const InputText& target, CVnDiffChangeList& changes);
 
 // Appends the printable bytes of line i (UTF-8 for decoded text), without
 // its line end.
 void AppendLine(const InputText& text, int i, std::string& out);
-// Appends line i and its line end ("\n", or "\r\n" for a file's CR LF), and
+// Appends line i as the file's bytes have it: its line end ("\n", or "\r\n"
+// for a file's CR LF), a CR in front when the line before ended LF CR, and
 // the no-newline notice when the line is the unterminated last one.
 void AppendLineWithEnd(const InputText& text, int i, std::string& out, const char* prefix);
 

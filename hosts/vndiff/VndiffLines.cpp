@@ -64,17 +64,33 @@ void AppendLine(const InputText& text, int i, std::string& out) {
   AppendUtf16(line->GetBytes(), units, out);
 }
 
+// How line i reads in the file's own bytes, split at LF as patch reads
+// them: the intake takes LF CR as one line end, where a byte-wise reader
+// gives the CR to the next line; and only CR LF and LF survive as ends (a
+// lone CR ends no line for patch, so it is printed as LF).
+struct ByteShape {
+  bool leadingCR;  // the line before ended LF CR
+  bool crlf;       // the line ends CR LF
+  bool operator!=(const ByteShape& o) const { return leadingCR != o.leadingCR || crlf != o.crlf; }
+};
+
+static ByteShape ShapeOf(const InputText& text, size_t i) {
+  if (!text.wide)
+    return {false, false};
+  return {i > 0 && text.ends[i - 1] == LineEnd::LFCR, text.ends[i] == LineEnd::CRLF};
+}
+
 void AppendLineWithEnd(const InputText& text, int i, std::string& out, const char* prefix) {
+  const ByteShape shape = ShapeOf(text, static_cast<size_t>(i));
   out += prefix;
+  if (shape.leadingCR)
+    out += '\r';
   AppendLine(text, i, out);
   const bool last = i == text.lines.GetLineCount() - 1;
-  if (last && !text.endsInNewline()) {
+  if (last && !text.endsInNewline())
     out += "\n\\ No newline at end of file\n";
-  } else if (text.wide && text.ends[i] == LineEnd::CRLF) {
-    out += "\r\n";
-  } else {
-    out += '\n';
-  }
+  else
+    out += shape.crlf ? "\r\n" : "\n";
 }
 
 //===-- Spans --------------------------------------------------------------===//
@@ -177,6 +193,55 @@ void AddFinalNewlineChange(const InputText& source, const InputText& target, CVn
     return;
   assert(before <= static_cast<size_t>(changes.GetSize()) && "spans and records correspond");
   changes.InsertAt(static_cast<INT_PTR>(before), change);
+}
+
+// Decoded text holds every line end as CR LF, so Compare pairs lines that
+// read differently in the files' bytes ("a" LF against "a" CR LF) as
+// unchanged.  Each such pair becomes a Change of its own, placed among the
+// records in line order; contiguous records join into one span when printed.
+void AddLineEndChanges(const InputText& source, const InputText& target, CVnDiffChangeList& changes) {
+  if (source.ends.empty() || target.ends.empty())
+    return;
+  const std::vector<Span> spans = ToSpans(changes, false);
+  assert(spans.size() == static_cast<size_t>(changes.GetSize()) && "one span per record");
+  struct Pair {
+    long src, tgt;
+    size_t before;  // records that precede it
+  };
+  std::vector<Pair> pairs;
+  long i = 0, j = 0;  // the next lines on each side after the last span
+  auto scanUpTo = [&](long srcEnd, size_t before) {
+    for (; i < srcEnd; ++i, ++j)
+      if (ShapeOf(source, static_cast<size_t>(i)) != ShapeOf(target, static_cast<size_t>(j)))
+        pairs.push_back({i, j, before});
+  };
+  for (size_t k = 0; k < spans.size(); ++k) {
+    scanUpTo(spans[k].srcBegin, k);
+    i = spans[k].srcBegin + spans[k].srcCount;
+    j = spans[k].tgtBegin + spans[k].tgtCount;
+  }
+  scanUpTo(static_cast<long>(source.ends.size()), spans.size());
+  if (pairs.empty())
+    return;
+
+  std::vector<std::unique_ptr<CVnDiffChange>> fresh;
+  fresh.reserve(pairs.size());
+  for (const Pair& p : pairs)
+    fresh.emplace_back(new CVnDiffChange(CVnDiffChange::Change, p.src + 1, p.src + 1, p.tgt + 1, p.tgt + 1));
+  std::vector<CVnDiffChange*> order;
+  order.reserve(spans.size() + pairs.size());
+  size_t next = 0;
+  for (size_t k = 0; k <= spans.size(); ++k) {
+    for (; next < pairs.size() && pairs[next].before == k; ++next)
+      order.push_back(fresh[next].get());
+    if (k < spans.size())
+      order.push_back(changes[static_cast<INT_PTR>(k)]);
+  }
+  changes.SetSize(static_cast<INT_PTR>(order.size()));  // the last step that may fail
+  for (size_t k = 0; k < order.size(); ++k)
+    changes.SetAt(static_cast<INT_PTR>(k), order[k]);
+  for (std::unique_ptr<CVnDiffChange>& c : fresh)
+    c.release();  // the list owns them now
 }
 
 }  // namespace vndiff

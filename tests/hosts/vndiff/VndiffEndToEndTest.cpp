@@ -119,8 +119,9 @@ TEST_F(VndiffTest, ExitStatusSaysSameDifferentOrTrouble) {
     const char* args;
     int status;
   } cases[] = {
-      {"a b", 0},          {"a c", 1},           {"empty1 empty2", 0},   {"a crlf", 0},
-      {"--raw a crlf", 1}, {"a spaced", 1},      {"-w a spaced", 0},     {"--ignore-whitespace a spaced", 0},
+      {"a b", 0},          {"a c", 1},           {"empty1 empty2", 0},   {"a crlf", 1},
+      {"--raw a crlf", 1}, {"--ignore-line-ends a crlf", 0}, {"--format=records a crlf", 0},
+      {"a spaced", 1},     {"-w a spaced", 0},   {"--ignore-whitespace a spaced", 0},
       {"a upper", 1},      {"-i a upper", 0},    {"-wi spaced upper", 0}, {"--ignore-line-ends --raw a crlf", 0},
       {"a", 2},            {"a b c", 2},         {"--bogus a b", 2},     {"--format=fancy a b", 2},
       {"-U x a b", 2},     {"--encoding=nonesuch a b", 2},
@@ -243,7 +244,8 @@ TEST_F(VndiffTest, InfoDescribesEachFile) {
 //===-- Patches and deltas on random pairs ---------------------------------===//
 
 // Small texts over a few lines, so that random pairs share much and differ
-// some; the line end, the final line end and (in raw mode) bytes vary.
+// some; the line ends (from line to line as well), the final line end and
+// (in raw mode) bytes vary.
 std::string RandomText(std::mt19937& rng, bool rawBytes, const std::string& eol) {
   static const char* const kLines[] = {"a", "b", "c", "", "int x;", "\tq", "caf\xC3\xA9"};
   static const char* const kRawLines[] = {"a", "b", "\r", "", "x\ry", "\xFF", "z\r"};
@@ -252,7 +254,7 @@ std::string RandomText(std::mt19937& rng, bool rawBytes, const std::string& eol)
   const int n = count(rng);
   for (int i = 0; i < n; ++i) {
     text += rawBytes ? kRawLines[pick(rng)] : kLines[pick(rng)];
-    text += rawBytes && coin(rng) == 0 ? "\r\n" : eol;
+    text += coin(rng) == 0 ? "\r\n" : eol;
   }
   if (!text.empty() && coin(rng) == 0)
     text.resize(text.size() - (text.back() == '\n' && text.size() > 1 && text[text.size() - 2] == '\r' ? 2 : 1));
