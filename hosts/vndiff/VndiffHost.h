@@ -127,6 +127,14 @@ void SaveDelta(const std::string& dir, const std::string& source, const std::str
 // --apply-delta DIR SOURCE -o OUT.
 void ApplyDelta(const std::string& dir, const std::string& source, const std::string& output);
 
+// "-" as a file operand: standard input, copied on first use into a private
+// temporary file that is removed at exit.  ResolveOperand gives the path to
+// read for an operand; OperandLabel gives back what the user wrote for such
+// a path; Relabel puts "-" for the temporary path in a message.
+std::string ResolveOperand(const std::string& operand);
+std::string OperandLabel(const std::string& path);
+std::string Relabel(std::string message);
+
 // Answers the component's binary question as --binary says.
 void InstallBinaryAnswer(Binary binary);
 

@@ -44,11 +44,11 @@ int RunInfo(const Options& o, std::FILE* out) {
       fprintf(out,
               "%s\n  type:            %s\n  encoding:        %s\n  code page:       %u\n"
               "  byte order mark: %s\n  lines:           %d\n",
-              path.c_str(), TypeName(file), Narrow(file.GetEncodingDescription()).c_str(), file.GetCodePage(),
+              OperandLabel(path).c_str(), TypeName(file), Narrow(file.GetEncodingDescription()).c_str(), file.GetCodePage(),
               file.HasByteOrderMark() ? "yes" : "no", lines.GetLineCount());
     } catch (const Failure& f) {
       fflush(out);
-      fprintf(stderr, "vndiff: %s\n", f.what());
+      fprintf(stderr, "vndiff: %s\n", Relabel(f.what()).c_str());
       status = kExitTrouble;
     }
   }

@@ -48,10 +48,9 @@ std::string DescribeException(CException* e, const std::string& path) {
     }
   } else {
     WCHAR buffer[1024];
-    if (e->GetErrorMessage(buffer, 1024))
-      text = path + ": " + Narrow(CString(buffer));
-    else
-      text = path + ": unknown failure";
+    text = e->GetErrorMessage(buffer, 1024) ? Narrow(CString(buffer)) : std::string("unknown failure");
+    if (!path.empty())
+      text = path + ": " + text;
   }
   e->Delete();
   return text;
@@ -92,7 +91,7 @@ std::unique_ptr<InputText> ReadRaw(const std::string& path) {
   std::unique_ptr<InputText> text(new InputText(CVnFileInfo::Text8));
   unsigned long size = 0;
   text->own = ReadBytes(path, size);
-  text->name = path;
+  text->name = OperandLabel(path);
   text->modified = ModifiedTime(path);
   text->lines.Create(text->own.get(), size);
   return text;
@@ -304,7 +303,7 @@ static bool Load(CVnDiffFile& file, const std::string& path, unsigned encoding, 
 static std::unique_ptr<InputText> Decoded(CVnDiffFile& file, const std::string& path, unsigned char* data,
                                           unsigned long size) {
   std::unique_ptr<InputText> text(new InputText(CVnFileInfo::Text16));
-  text->name = path;
+  text->name = OperandLabel(path);
   text->modified = ModifiedTime(path);
   text->wide = true;
   text->lines.Create(data, size);
@@ -314,7 +313,7 @@ static std::unique_ptr<InputText> Decoded(CVnDiffFile& file, const std::string& 
 
 static std::unique_ptr<InputText> BinaryLines(const std::string& path, unsigned char* data, unsigned long size) {
   std::unique_ptr<InputText> text(new InputText(CVnFileInfo::Text8));
-  text->name = path;
+  text->name = OperandLabel(path);
   text->modified = ModifiedTime(path);
   text->lines.Create(data, size);
   return text;

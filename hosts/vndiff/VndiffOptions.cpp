@@ -231,7 +231,7 @@ const char* UsageText() {
   return "Usage: vndiff [OPTION]... SOURCE TARGET\n"
          "       vndiff --info FILE...\n"
          "       vndiff --apply-delta DIR SOURCE -o OUT\n"
-         "Compare two files line by line.\n"
+         "Compare two files line by line.  A file named - is standard input.\n"
          "\n"
          "Output:\n"
          "      --format=FORMAT        normal (default), unified, side-by-side or records\n"

@@ -36,7 +36,9 @@ static std::vector<std::string> Arguments(int argc, char** argv) {
 
 static int Run(const std::vector<std::string>& args) {
   using namespace vndiff;
-  const Options options = ParseCommandLine(args);
+  Options options = ParseCommandLine(args);
+  for (std::string& file : options.files)
+    file = ResolveOperand(file);
   switch (options.command) {
   case Command::Help:
     fputs(UsageText(), stdout);
@@ -77,7 +79,7 @@ int main(int argc, char** argv) {
     return Run(Arguments(argc, argv));
   } catch (const vndiff::Failure& f) {
     fflush(stdout);
-    fprintf(stderr, "vndiff: %s\n", f.what());
+    fprintf(stderr, "vndiff: %s\n", vndiff::Relabel(f.what()).c_str());
     if (std::string(f.what()).find("option") != std::string::npos ||
         std::string(f.what()).find("operand") != std::string::npos)
       fprintf(stderr, "vndiff: try 'vndiff --help' for more information\n");

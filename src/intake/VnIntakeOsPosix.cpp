@@ -319,7 +319,7 @@ CString TempFileName(LPCWSTR dir, LPCWSTR prefix3) {
       continue;
     CString name;
     name.Format(_T("%s%s%X.tmp"), base.GetString(), prefix3, unique);
-    int fd = open(Native(name).c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0644);
+    int fd = open(Native(name).c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600);  // private, as a temp file is
     if (fd >= 0) {
       close(fd);
       counter = unique + 1;

@@ -147,6 +147,34 @@ TEST_F(VndiffTest, TroubleNamesTheFileAndTheReason) {
   EXPECT_EQ("vndiff: dir: is a directory\n", r.err);
 }
 
+// "-" reads standard input (once, however often it is named); the output
+// and messages call it "-", and its temporary copy does not outlive the run.
+TEST_F(VndiffTest, DashReadsStandardInput) {
+  Write("old", "a\nb\n");
+  Write("new", "a\nc\n");
+  Write("nul", std::string("x\0y", 3));
+  const std::string spool = Path("spool");
+  mkdir(spool.c_str(), 0700);
+  const char* tmpdir = getenv("TMPDIR");
+  const std::string saved = tmpdir ? tmpdir : "";
+  setenv("TMPDIR", spool.c_str(), 1);  // where vndiff puts its copy
+  Outcome r = Vndiff("-u - new", "old");
+  EXPECT_EQ(1, r.status) << r.err;
+  EXPECT_EQ(0u, r.out.find("--- -\t")) << r.out;
+  EXPECT_NE(std::string::npos, r.out.find("-b\n+c\n"));
+  EXPECT_EQ(1, Vndiff("old -", "new").status);
+  EXPECT_EQ(0, Vndiff("- -", "new").status);
+  EXPECT_EQ(0, Vndiff("--info -", "new").out.find("-\n  type:            text"));
+  r = Vndiff("- old", "nul");
+  EXPECT_EQ(2, r.status);
+  EXPECT_EQ("vndiff: -: binary file not compared (--binary=yes compares it)\n", r.err);
+  if (tmpdir)
+    setenv("TMPDIR", saved.c_str(), 1);
+  else
+    unsetenv("TMPDIR");
+  EXPECT_EQ(0, rmdir(spool.c_str())) << "a temporary copy was left behind";
+}
+
 TEST_F(VndiffTest, RefusesFilesOf4GiBInsteadOfReadingThemShort) {
   Write("a", "x\n");
   ASSERT_EQ(0, truncate(Path("a").c_str(), 0));
