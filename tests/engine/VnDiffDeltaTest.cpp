@@ -1,6 +1,7 @@
 // VnDiffDeltaTest.cpp - the delta operations: saved records, delta text,
 // rebuilding a target from source plus delta, flattening and saving.
 #include "EngineTestUtil.h"
+#include "TestSupport.h"
 
 #include "afx/os/OsSeam.h"
 
@@ -13,6 +14,7 @@
 using vn::test::Letters;
 using vn::test::LineSet;
 using vn::test::MakeSet;
+using vn::test::RaisesInvalidArg;
 
 namespace {
 
@@ -70,31 +72,16 @@ bool Exists(const std::string& path) {
   return vn::os::GetFileAttributes(wide) != 0xFFFFFFFF;
 }
 
-template <class F>
-bool RaisesInvalidArg(F f) {
-  try {
-    f();
-  } catch (CInvalidArgException* e) {
-    e->Delete();
-    return true;
-  }
-  return false;
-}
-
 }  // namespace
 
-TEST(VnDiffDeltaTest, RecordAccessorsAndFullFileMark) {
+TEST(VnDiffDeltaTest, LengthsArePlainArithmeticAndTheFullFileMarkIsMinusOne) {
   CVnDiffChange ins(CVnDiffChange::Insert, 0, 0, 4, 6);
   EXPECT_EQ(3, ins.TargetChangeLen());
-  EXPECT_EQ(1, ins.SourceChangeLen());  // plain arithmetic on the unused side
+  EXPECT_EQ(1, ins.SourceChangeLen());  // the unused side still gives 1
   EXPECT_FALSE(ins.IsFullFileDelta());
-  CVnDiffChange copy(ins);
-  copy.MarkFullFileDelta();
-  EXPECT_TRUE(copy.IsFullFileDelta());
-  EXPECT_EQ(-1, copy.StartSource());
-  EXPECT_EQ(-1, copy.EndTarget());
-  copy = ins;
-  EXPECT_EQ("I0,0,4,6", vn::test::RecordText(copy));
+  ins.MarkFullFileDelta();
+  EXPECT_TRUE(ins.IsFullFileDelta());
+  EXPECT_EQ("F-1,-1,-1,-1", vn::test::RecordText(ins));
 }
 
 TEST(VnDiffDeltaTest, SavedRecordIsTwentyLittleEndianBytes) {
@@ -125,51 +112,34 @@ TEST(VnDiffDeltaTest, SavedRecordIsTwentyLittleEndianBytes) {
   CFile::Remove(wide);
 }
 
-TEST(VnDiffDeltaTest, DeltaTextHoldsTheAddedLines) {
+// The delta text holds the target's inserted and changed lines, ended by
+// the set's own terminator; with the records it rebuilds the target, and an
+// empty record list gives back the source whole.
+TEST(VnDiffDeltaTest, DeltaTextHoldsTheAddedLinesAndRebuildsTheTarget) {
   struct {
     const char* source;
     const char* target;
     const char* delta;
+    CVnFileInfo::FileType type;
   } kCases[] = {
-      {"a\nb\nc\n", "a\nx\nc\n", "x\n"},
-      {"a\nb\n", "a\nb\nc", "c"},  // no terminator behind the last line of the target
-      {"a\nb\nc\n", "a\nc\n", ""},  // deletions only
-      {"", "p\nq\n", "p\nq\n"},
-      {"a\nb\nc\nd\n", "a\nx\ny\nz\nd\n", "x\ny\nz\n"},
+      {"a\nb\nc\n", "a\nx\nc\n", "x\n", CVnFileInfo::Text8},
+      {"a\nb\n", "a\nb\nc", "c", CVnFileInfo::Text8},  // no terminator behind the target's last line
+      {"a\nb\nc\n", "a\nc\n", "", CVnFileInfo::Text8},  // deletions only
+      {"", "p\nq\n", "p\nq\n", CVnFileInfo::Text8},
+      {"a\nb\nc\nd\n", "a\nx\ny\nz\nd\n", "x\ny\nz\n", CVnFileInfo::Text8},
+      {"a\nb\nc", "a\nb\nc", "", CVnFileInfo::Text8},
+      {"a;b;c;", "a;x;c;", "x;", CVnFileInfo::Records8},
+      {"a\nb\nc\n", "a\nx\nc\n", "x\n", CVnFileInfo::Text16},
   };
   for (const auto& c : kCases) {
-    auto source = MakeSet(c.source);
-    auto target = MakeSet(c.target);
+    const bool wide = c.type == CVnFileInfo::Text16;
+    auto source = MakeSet(wide ? vn::test::Widen16(c.source) : c.source, c.type, ';');
+    auto target = MakeSet(wide ? vn::test::Widen16(c.target) : c.target, c.type, ';');
     CVnDiffChangeList changes;
     source.arg->Compare(0, 0, 0, *target.arg, changes);
-    EXPECT_EQ(c.delta, DeltaText(*target.arg, changes)) << c.target;
-    EXPECT_EQ(c.target, Rebuild(source, target, changes)) << c.target;
+    EXPECT_EQ(wide ? vn::test::Widen16(c.delta) : c.delta, DeltaText(*target.arg, changes)) << c.target;
+    EXPECT_EQ(target.bytes, Rebuild(source, target, changes)) << c.target;
   }
-}
-
-TEST(VnDiffDeltaTest, WideDeltaTextEndsLinesWithTwoBytes) {
-  auto source = Letters("abc", CVnFileInfo::Text16);
-  auto target = Letters("axc", CVnFileInfo::Text16);
-  CVnDiffChangeList changes;
-  source.arg->Compare(0, 0, 0, *target.arg, changes);
-  EXPECT_EQ(std::string("x\0\n\0", 4), DeltaText(*target.arg, changes));
-  EXPECT_EQ(target.bytes, Rebuild(source, target, changes));
-}
-
-TEST(VnDiffDeltaTest, RecordsTerminatorIsTheChosenByte) {
-  auto source = MakeSet("a;b;c;", CVnFileInfo::Records8, ';');
-  auto target = MakeSet("a;x;c;", CVnFileInfo::Records8, ';');
-  CVnDiffChangeList changes;
-  source.arg->Compare(0, 0, 0, *target.arg, changes);
-  EXPECT_EQ("x;", DeltaText(*target.arg, changes));
-  EXPECT_EQ("a;x;c;", Rebuild(source, target, changes));
-}
-
-TEST(VnDiffDeltaTest, EmptyChangeListRebuildsTheSourceWhole) {
-  auto source = MakeSet("a\nb\nc");
-  auto target = MakeSet("a\nb\nc");
-  CVnDiffChangeList changes;
-  EXPECT_EQ("a\nb\nc", Rebuild(source, target, changes));
 }
 
 TEST(VnDiffDeltaTest, CopyLinesTakesAHalfOpenRange) {

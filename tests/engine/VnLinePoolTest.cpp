@@ -15,7 +15,7 @@
 namespace {
 
 // Enough records to fill several 2 MiB slabs.
-const int kMany = 200000;
+const int kMany = 100000;
 
 std::vector<CVnDiffLine*> MakeRecords(int count) {
   static const unsigned char text[] = "abc";
