@@ -5,6 +5,7 @@
 #include "afx/afx.h"
 
 #include <filesystem>
+#include <random>
 #include <string>
 
 namespace vn {
@@ -44,6 +45,38 @@ inline std::filesystem::path FsPath(const CString& p) {
   return std::filesystem::path(s);
 #endif
 }
+
+// A fresh directory below the temporary directory for one test, removed with
+// everything in it (read-only entries too) at the end of its scope.  Its
+// path ends in a backslash.
+class ScratchDir {
+public:
+  ScratchDir() {
+    static int counter = 0;
+    const std::filesystem::path base = std::filesystem::temp_directory_path();
+#ifdef _WIN32
+    m_path = CString(base.wstring().c_str());
+#else
+    m_path = VnFromUtf8(base.string());
+#endif
+    m_path.TrimRight(_T('\\')).TrimRight(_T('/'));
+    m_path.AppendFormat(_T("\\vntest-%d-%d\\"), static_cast<int>(std::random_device()() % 100000), ++counter);
+    std::filesystem::create_directories(FsPath(m_path));
+  }
+  ~ScratchDir() {
+    namespace fs = std::filesystem;
+    std::error_code ignored;
+    for (fs::recursive_directory_iterator it(FsPath(m_path), ignored), end; it != end; it.increment(ignored))
+      fs::permissions(it->path(), fs::perms::owner_all, fs::perm_options::add, ignored);
+    fs::remove_all(FsPath(m_path), ignored);
+  }
+  ScratchDir(const ScratchDir&) = delete;
+  ScratchDir& operator=(const ScratchDir&) = delete;
+  const CString& Path() const { return m_path; }
+
+private:
+  CString m_path;
+};
 
 }  // namespace test
 }  // namespace vn

@@ -11,37 +11,12 @@
 
 #include <filesystem>
 #include <fstream>
-#include <functional>
 #include <random>
 #include <string>
-
-#ifndef _WIN32
-#include <unistd.h>
-#endif
 
 namespace {
 
 using namespace vn::test;
-
-// A fresh directory below the temporary directory, removed with everything
-// in it at the end of the test.  Its path ends in a backslash.
-class ScratchDir {
-public:
-  ScratchDir() {
-    static int counter = 0;
-    GetTemporaryPath(m_path);
-    m_path.AppendFormat(_T("vnpath-%d-%d\\"), static_cast<int>(std::random_device()() % 100000), ++counter);
-    std::filesystem::create_directories(FsPath(m_path));
-  }
-  ~ScratchDir() {
-    std::error_code ignored;
-    std::filesystem::remove_all(FsPath(m_path), ignored);
-  }
-  const CString& Path() const { return m_path; }
-
-private:
-  CString m_path;
-};
 
 //===-- Separators ----------------------------------------------------------===//
 
@@ -213,46 +188,31 @@ TEST(VnPathTest, RelativePathCountsTheLevelsOfTheBase) {
 TEST(VnPathTest, AbbreviateLeavesOutWholeDirectoriesInTheMiddle) {
   const char* path = "c:\\alpha\\beta\\gamma\\delta\\file.txt";
   struct Case {
-    int max;
-    const char* output;
-    int result;
-  } cases[] = {
-      {40, path, 34},
-      {34, path, 34},
-      {33, "c:\\alpha\\...\\gamma\\delta\\file.txt", 33},
-      {30, "c:\\alpha\\...\\delta\\file.txt", 27},
-      {25, "c:\\alpha\\...\\file.txt", 21},
-      {21, "c:\\alpha\\...\\file.txt", 21},
-      {20, path, 20},
-      {7, path, 7},  // the file name alone is too long
-      {0, path, 0},
-  };
-  for (const Case& c : cases) {
-    CString out;
-    EXPECT_EQ(c.result, AbbreviatePath(W(path), c.max, out)) << c.max;
-    EXPECT_EQ(c.output, U8(out)) << c.max;
-  }
-}
-
-TEST(VnPathTest, AbbreviateKeepsServerAndShareOrTheDriveInFront) {
-  struct Case {
     const char* path;
     int max;
     const char* output;
     int result;
   } cases[] = {
+      {path, 40, path, 34},
+      {path, 34, path, 34},
+      {path, 33, "c:\\alpha\\...\\gamma\\delta\\file.txt", 33},
+      {path, 30, "c:\\alpha\\...\\delta\\file.txt", 27},
+      {path, 21, "c:\\alpha\\...\\file.txt", 21},
+      {path, 20, path, 20},
+      {path, 7, path, 7},  // the file name alone is too long
+      {path, 0, path, 0},
+      // Server and share, or the drive, stay in front.
       {"\\\\server\\share\\alpha\\beta\\file.txt", 30, "\\\\server\\share\\...\\file.txt", 27},
       {"c:\\f.txt", 7, "c:\\f.txt", 7},          // prefix "c:": nothing fits
       {"c:\\a\\f.txt", 9, "c:\\a\\f.txt", 9},
       {"rel\\dir\\f.txt", 5, "rel\\dir\\f.txt", 5},  // not a full path
-      {"f.txt", 3, "f.txt", 3},
       {"", 10, "", 10},
       {"c:\\a*\\f.txt", 8, "c:\\a*\\f.txt", 8},     // wildcard: no valid directory
   };
   for (const Case& c : cases) {
     CString out;
-    EXPECT_EQ(c.result, AbbreviatePath(W(c.path), c.max, out)) << c.path;
-    EXPECT_EQ(c.output, U8(out)) << c.path;
+    EXPECT_EQ(c.result, AbbreviatePath(W(c.path), c.max, out)) << c.path << " " << c.max;
+    EXPECT_EQ(c.output, U8(out)) << c.path << " " << c.max;
   }
 }
 
@@ -456,6 +416,8 @@ TEST(VnPathTest, DirectoriesAndFilesAreToldApart) {
   EXPECT_EQ(1, IsFile(file));
   EXPECT_EQ(0, IsFile(scratch.Path() + _T("sub")));
   EXPECT_EQ(0, IsDir(scratch.Path() + _T("none")));
+  EXPECT_EQ(0, EnsureValidPath(file + _T("\\sub"))) << "a file stands where a directory should";
+  EXPECT_EQ(1, IsFile(file));
 }
 
 TEST(VnPathTest, EnsureValidPathCreatesEveryMissingLevel) {
@@ -471,13 +433,6 @@ TEST(VnPathTest, EnsureValidPathCreatesEveryMissingLevel) {
   EXPECT_EQ(1, IsDir(scratch.Path() + _T("y")));
   EXPECT_EQ(0, IsDir(scratch.Path() + _T("x")));
   EXPECT_EQ(0, EnsureValidPath(_T("")));
-}
-
-TEST(VnPathTest, EnsureValidPathRefusesWhereAFileStands) {
-  ScratchDir scratch;
-  { std::ofstream(FsPath(scratch.Path() + _T("f"))) << "x"; }
-  EXPECT_EQ(0, EnsureValidPath(scratch.Path() + _T("f\\sub")));
-  EXPECT_EQ(1, IsFile(scratch.Path() + _T("f")));
 }
 
 // A path of the given total length below the scratch directory, made of
