@@ -72,6 +72,7 @@ struct InputText {
   CVnDiffArg lines;
   bool wide = false;               // Text16 lines, printed as UTF-8
   std::vector<LineEnd> ends;       // decoded text only: one per line
+  LineEnd uniformEnd = LineEnd::None;  // the one kind all ends have, if the intake saw only one
   bool endsInNewline() const;      // the file's last line has a line end
   explicit InputText(CVnFileInfo::FileType type) : lines(type, 10) {}
 };

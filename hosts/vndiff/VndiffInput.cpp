@@ -257,6 +257,7 @@ static void FillLineEnds(InputText& text, const CVnDiffFile& file, const std::st
     // Every line but an unterminated last one ends the same way: no need to
     // read the file again.
     text.ends.assign(static_cast<size_t>(count), single);
+    text.uniformEnd = single;
     if (count > 0 && !terminated)
       text.ends.back() = LineEnd::None;
     return;

@@ -202,6 +202,12 @@ void AddFinalNewlineChange(const InputText& source, const InputText& target, CVn
 void AddLineEndChanges(const InputText& source, const InputText& target, CVnDiffChangeList& changes) {
   if (source.ends.empty() || target.ends.empty())
     return;
+  // Files with one and the same kind of line end throughout (the common
+  // case) read alike around every pair.  LF CR is left out: there the first
+  // line has no CR in front and the others have.
+  if (source.uniformEnd != LineEnd::None && source.uniformEnd == target.uniformEnd &&
+      source.uniformEnd != LineEnd::LFCR)
+    return;
   const std::vector<Span> spans = ToSpans(changes, false);
   assert(spans.size() == static_cast<size_t>(changes.GetSize()) && "one span per record");
   struct Pair {
