@@ -57,11 +57,8 @@ TEST(LocalResourcesTest, LoadsByModuleAndNumberCutAtTheLimit) {
     EXPECT_EQ(c.length > 0 ? TRUE : FALSE, loaded);
     EXPECT_EQ(Utf8(value), Utf8(into));
   }
-}
-
-TEST(LocalResourcesTest, TheCutKeepsTheTextsBeginning) {
-  CString text = LoadLocalString(TestModule(), vn::test::kPastLimit);
-  EXPECT_EQ("0123456789", Utf8(text.Left(10)));
+  // The cut keeps the text's beginning.
+  EXPECT_EQ("0123456789", Utf8(LoadLocalString(TestModule(), vn::test::kPastLimit).Left(10)));
 }
 
 }  // namespace
