@@ -22,11 +22,7 @@ TEST_F(CRichEditCtrlTest, CountsLinesAndFindsWhereEachBegins) {
   m_edit.SetWindowText(L"first\r\nsecond\r\nthird");
   EXPECT_EQ(3, m_edit.GetLineCount());
   // The control ends a line in one CR of its own.
-  const struct {
-    int line;
-    int index;
-    int length;
-  } lines[] = {{0, 0, 5}, {1, 6, 6}, {2, 13, 5}};
+  const struct { int line, index, length; } lines[] = {{0, 0, 5}, {1, 6, 6}, {2, 13, 5}};
   for (const auto& l : lines) {
     SCOPED_TRACE(l.line);
     EXPECT_EQ(l.index, m_edit.LineIndex(l.line));
@@ -40,31 +36,24 @@ TEST_F(CRichEditCtrlTest, CountsLinesAndFindsWhereEachBegins) {
 }
 
 TEST_F(CRichEditCtrlTest, SelectsAndReplacesText) {
-  m_edit.SetWindowText(L"alpha beta");
-  m_edit.SetSel(6, 10);
-  long start = 0, end = 0;
-  m_edit.GetSel(start, end);
-  EXPECT_EQ(6, start);
-  EXPECT_EQ(10, end);
-  EXPECT_EQ(0, m_edit.GetSelText().Compare(L"beta"));
+  m_edit.SetWindowText(L"alpha\r\nbeta");
+  const struct { long start, end; const wchar_t* text; } cases[] = {
+      {0, 5, L"alpha"}, {2, 2, L""}, {4, 8, L"a\rbe"}, {6, 10, L"beta"}};
+  for (const auto& c : cases) {
+    m_edit.SetSel(c.start, c.end);
+    long start = 0, end = 0;
+    m_edit.GetSel(start, end);
+    EXPECT_EQ(c.start, start);
+    EXPECT_EQ(c.end, end);
+    EXPECT_STREQ(c.text, m_edit.GetSelText().GetString());
+  }
   m_edit.ReplaceSel(L"gamma\rdelta");
-  EXPECT_EQ(2, m_edit.GetLineCount());
-  EXPECT_EQ(18, m_edit.GetTextLength());  // the paragraph mark counts as CR LF
-}
-
-TEST_F(CRichEditCtrlTest, EventMaskAndReadOnlyAreTheControls) {
-  m_edit.SetEventMask(ENM_SELCHANGE);
-  EXPECT_EQ(static_cast<DWORD>(ENM_SELCHANGE), m_edit.GetEventMask());
-  EXPECT_EQ(static_cast<DWORD>(ENM_SELCHANGE), m_edit.SetEventMask(0));
-  m_edit.SetReadOnly(TRUE);
-  EXPECT_NE(0, ::GetWindowLongW(m_edit, GWL_STYLE) & ES_READONLY);
+  EXPECT_EQ(3, m_edit.GetLineCount());
+  EXPECT_EQ(19, m_edit.GetTextLength());  // each paragraph mark counts as CR LF
 }
 
 TEST_F(CRichEditCtrlTest, TextLengthInCharactersOrWithCrLfMarks) {
-  const struct {
-    const wchar_t* text;
-    long characters, withCrLf;
-  } cases[] = {{L"", 0, 0}, {L"ab", 2, 2}, {L"ab\r\ncd", 5, 6}, {L"a\r\n\r\n", 3, 5}};
+  const struct { const wchar_t* text; long characters, withCrLf; } cases[] = {{L"", 0, 0}, {L"ab", 2, 2}, {L"ab\r\ncd", 5, 6}, {L"a\r\n\r\n", 3, 5}};
   for (const auto& c : cases) {
     SCOPED_TRACE(c.characters);
     m_edit.SetWindowText(c.text);
@@ -97,11 +86,7 @@ TEST_F(CRichEditCtrlTest, CharacterFormatOfTheSelectionRoundTrips) {
   red.crTextColor = 0x0000FF;
   EXPECT_TRUE(m_edit.SetSelectionCharFormat(red));
   EXPECT_EQ(sizeof(CHARFORMATW), red.cbSize);
-  const struct {
-    long start, end;
-    bool uniform;
-    bool struck;
-  } cases[] = {{6, 9, true, true}, {0, 5, true, false}, {0, 9, false, false}};
+  const struct { long start, end; bool uniform, struck; } cases[] = {{6, 9, true, true}, {0, 5, true, false}, {0, 9, false, false}};
   for (const auto& c : cases) {
     SCOPED_TRACE(c.start);
     m_edit.SetSel(c.start, c.end);

@@ -1,18 +1,21 @@
 // PaneTestSupport.h - real rich edit panes for the window tests: a
 // CVnPaneWnd (or a plain window) with a CVnRichEditPane in it, inside one
-// shown top-level window, and the readings the tests compare: the lines as one string
-// ("a|b||c": rows joined by '|'), a line's colour and strike-out, the
-// selection.
+// shown top-level window, and the readings the tests compare: the lines as
+// one string ("a|b||c": rows joined by '|'), a line's colour and strike-out,
+// the selection.
 #ifndef VN_TESTS_WINDOW_WIN32_PANETESTSUPPORT_H
 #define VN_TESTS_WINDOW_WIN32_PANETESTSUPPORT_H
 
 #include "afx/win32/CWnd.h"
+#include "engine/VnDiffArg.h"
 #include "window/VnPaneWnd.h"
 #include "window/VnRichEditPane.h"
 
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace vn {
 namespace test {
@@ -141,32 +144,64 @@ inline CWnd& HostWindow() {
   return *host;
 }
 
-// A CVnPaneWnd (or a plain window) in the host window, with a pane inside.
-class PaneWindows {
+// A pane window (or a plain window) in the host window, with a pane inside;
+// both classes may be test doubles that watch messages.
+template <class EditT, class PaneT = CVnPaneWnd>
+class BasicPaneWindows {
 public:
-  explicit PaneWindows(bool insidePane = true, int width = 520, int height = 300) {
-    RECT inner = {0, 0, width, height};
-    CWnd& parent = insidePane ? static_cast<CWnd&>(m_pane) : m_plain;
-    EXPECT_TRUE(parent.CreateEx(0, nullptr, L"", WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN, inner, &HostWindow(), 1));
-    EXPECT_TRUE(m_edit.Create(kPaneChildStyle, inner, &parent, 2));
+  explicit BasicPaneWindows(bool insidePane = true, int width = 520, int height = 300, CWnd* parent = nullptr,
+                            int left = 0) {
+    RECT outer = {left, 0, left + width, height}, inner = {0, 0, width, height};
+    CWnd& holder = insidePane ? static_cast<CWnd&>(m_pane) : m_plain;
+    EXPECT_TRUE(holder.CreateEx(0, nullptr, L"", WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN, outer,
+                                parent ? parent : &HostWindow(), 1));
+    EXPECT_TRUE(m_edit.Create(kPaneChildStyle, inner, &holder, 2));
     m_pane.SetDisplayOptions(FixedPitchOptions());
     PumpMessages();
   }
 
-  CVnRichEditPane& Edit() { return m_edit; }
-  CVnPaneWnd& Pane() { return m_pane; }
+  EditT& Edit() { return m_edit; }
+  PaneT& Pane() { return m_pane; }
 
-  // Fills the control, lines ended by CR LF, in the pane's default format.
-  void Fill(const std::wstring& rows) {
+  // Fills the control, lines ended by CR LF, in the pane's default format;
+  // a terminator given becomes the pane window's.
+  void Fill(const std::wstring& rows, const wchar_t* terminator = nullptr) {
+    if (terminator)
+      m_pane.SetLineTerminator(terminator);
     m_edit.SetWindowText(Text(rows).c_str());
     CHARFORMATW cf = m_pane.GetDefaultCharFormat();
     m_edit.SetDefaultCharFormat(cf);
   }
 
 private:
-  CVnPaneWnd m_pane;
+  PaneT m_pane;
   CWnd m_plain;
-  CVnRichEditPane m_edit;
+  EditT m_edit;
+};
+
+using PaneWindows = BasicPaneWindows<CVnRichEditPane>;
+
+// A pane that records the arguments of the messages of one kind it receives.
+class RecordingPane : public CVnRichEditPane {
+public:
+  UINT m_watch = 0;
+  std::vector<std::pair<WPARAM, LPARAM>> m_seen;
+
+protected:
+  LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
+    if (message == m_watch)
+      m_seen.emplace_back(wParam, lParam);
+    return CVnRichEditPane::WindowProc(message, wParam, lParam);
+  }
+};
+
+// A line set over 16-bit text, which must outlive it.
+struct WideLineSet {
+  explicit WideLineSet(const std::wstring& text) : units(text), arg(CVnFileInfo::Text16, 10) {
+    arg.Create(units.data(), static_cast<unsigned long>(units.size() * sizeof(wchar_t)));
+  }
+  std::wstring units;
+  CVnDiffArg arg;
 };
 
 }  // namespace test

@@ -7,7 +7,6 @@
 #include "PaneTestSupport.h"
 #include "Screenshot.h"
 
-#include "engine/VnDiffArg.h"
 #include "options/VnDisplayOptions.h"
 
 #include <gtest/gtest.h>
@@ -17,6 +16,7 @@
 #include <vector>
 
 using vn::test::FormatOfLine;
+using vn::test::WideLineSet;
 
 namespace {
 
@@ -46,47 +46,17 @@ const wchar_t kTarget[] =
     L"    return 0;\r\n"
     L"}\r\n";
 
-struct WideLineSet {
-  explicit WideLineSet(const std::wstring& text) : units(text), arg(CVnFileInfo::Text16, 10) {
-    arg.Create(units.data(), static_cast<unsigned long>(units.size() * sizeof(wchar_t)));
-  }
-  std::wstring units;
-  CVnDiffArg arg;
-};
-
-// Two pane windows side by side, each with a rich edit pane in it.
-class SideBySide {
-public:
-  SideBySide() {
-    RECT frame = {0, 0, 1000, 330};
-    EXPECT_TRUE(m_frame.CreateEx(0, nullptr, L"", WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN, frame,
-                                 &vn::test::HostWindow(), 10));
-    for (int side = 0; side < 2; ++side) {
-      RECT rect = {side * 502, 0, side * 502 + 498, 330};
-      RECT inner = {0, 0, 496, 328};
-      EXPECT_TRUE(m_pane[side].CreateEx(0, nullptr, L"", WS_CHILD | WS_VISIBLE | WS_BORDER | WS_CLIPCHILDREN, rect,
-                                        &m_frame, 11 + side));
-      m_pane[side].SetLineTerminator(L"\r\n");
-      m_pane[side].SetDisplayOptions(vn::test::FixedPitchOptions());
-      EXPECT_TRUE(m_edit[side].Create(vn::test::kPaneChildStyle, inner, &m_pane[side], 1));
+// Two pane windows side by side in one frame, each with a rich edit pane.
+struct SideBySide {
+  struct Frame : CWnd {
+    Frame() {
+      RECT rect = {0, 0, 1000, 330};
+      EXPECT_TRUE(CreateEx(0, nullptr, L"", WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN, rect, &vn::test::HostWindow(), 10));
     }
-  }
-
-  CWnd& Frame() { return m_frame; }
-  CVnRichEditPane& Left() { return m_edit[0]; }
-  CVnRichEditPane& Right() { return m_edit[1]; }
-
-  // The text in the pane's default format, as a pane gets a file's text.
-  void Fill(int side, const wchar_t* text) {
-    m_edit[side].SetWindowText(text);
-    CHARFORMATW cf = m_pane[side].GetDefaultCharFormat();
-    m_edit[side].SetDefaultCharFormat(cf);
-  }
-
-private:
-  CWnd m_frame;
-  CVnPaneWnd m_pane[2];
-  CVnRichEditPane m_edit[2];
+  } frame;  // made before the panes that go in it
+  vn::test::PaneWindows left{true, 498, 330, &frame, 0}, right{true, 498, 330, &frame, 502};
+  CVnRichEditPane& Left() { return left.Edit(); }
+  CVnRichEditPane& Right() { return right.Edit(); }
 };
 
 // The host's walk: each record colours its lines on the side(s) it has and
@@ -167,8 +137,8 @@ TEST(VnPaneDemo, EqualLinesStandLevelAndChangesShowInTheDefaultFormats) {
   ASSERT_GT(changes.GetSize(), 0);
 
   SideBySide panes;
-  panes.Fill(0, kSource);
-  panes.Fill(1, kTarget);
+  panes.left.Fill(kSource, L"\r\n");  // neither file has a '|' for Fill to take as a break
+  panes.right.Fill(kTarget, L"\r\n");
   CVnOptionState formats;
   std::set<int> leftPadding, rightPadding;
   Align(panes, changes, formats, leftPadding, rightPadding);
@@ -212,10 +182,10 @@ TEST(VnPaneDemo, EqualLinesStandLevelAndChangesShowInTheDefaultFormats) {
   // The picture, for a person to look at.
   panes.Left().SetSel(0, 0);
   panes.Right().SetSel(0, 0);
-  panes.Frame().Invalidate(TRUE);
-  ::RedrawWindow(panes.Frame(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW | RDW_ALLCHILDREN);
+  panes.frame.Invalidate(TRUE);
+  ::RedrawWindow(panes.frame, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW | RDW_ALLCHILDREN);
   vn::test::PumpMessages();
-  vn::test::Picture picture = vn::test::CaptureWindow(panes.Frame());
+  vn::test::Picture picture = vn::test::CaptureWindow(panes.frame);
   std::wstring path = vn::test::ScreenshotPath(L"panes.png");
   ASSERT_TRUE(vn::test::WritePng(picture, path));
   // Not a blank capture: the picture holds the text's colours.

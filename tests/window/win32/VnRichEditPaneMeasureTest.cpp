@@ -10,21 +10,21 @@
 
 #include <string>
 
-using vn::test::PaneWindows;
+using namespace vn::test;
 
 namespace {
 
-CHARFORMATW FontFormat(LONG twips, const wchar_t* face = vn::test::FixedPitchFace()) {
+CHARFORMATW FontFormat(LONG twips) {
   CHARFORMATW cf = {};
   cf.cbSize = sizeof(cf);
   cf.dwMask = CFM_SIZE | CFM_FACE;
   cf.yHeight = twips;
-  ::lstrcpynW(cf.szFaceName, face, LF_FACESIZE);
+  ::lstrcpynW(cf.szFaceName, FixedPitchFace(), LF_FACESIZE);
   return cf;
 }
 
 void SetPaneFont(PaneWindows& windows, LONG twips, unsigned tabSize = 4) {
-  CVnDisplayOptions options = vn::test::FixedPitchOptions();
+  CVnDisplayOptions options = FixedPitchOptions();
   CHARFORMATW cf = options.GetCharFormat();
   cf.yHeight = twips;
   options.SetCharFormat(cf);
@@ -59,16 +59,12 @@ TEST(VnRichEditPaneGetVisibleLineCount, CountsWholeRowsOfTheDefaultFontInTheClie
 
 TEST(VnRichEditPaneGetVisibleLineCount, MeasuresAtWholePoints) {
   PaneWindows windows(true, 400, 600);
-  const struct {
-    LONG twips;
-    LONG sameAs;
-  } cases[] = {{190, 180}, {199, 180}, {250, 240}};
+  const struct { LONG twips, sameAs; } cases[] = {{190, 180}, {199, 180}, {250, 240}};
   for (const auto& c : cases) {
-    SCOPED_TRACE(c.twips);
     SetPaneFont(windows, c.twips);
     int measured = windows.Edit().GetVisibleLineCount();
     SetPaneFont(windows, c.sameAs);
-    EXPECT_EQ(windows.Edit().GetVisibleLineCount(), measured);
+    EXPECT_EQ(windows.Edit().GetVisibleLineCount(), measured) << c.twips;
   }
   SetPaneFont(windows, 180);
   int small = windows.Edit().GetVisibleLineCount();
@@ -85,11 +81,7 @@ TEST(VnRichEditPaneGetTotalLineCount, AddsDeletesOfTheFirstListAndInsertsOfTheSe
   second.Add(new CVnDiffChange(CVnDiffChange::Delete, 1, 5, 0, 0));    // not counted
   second.Add(new CVnDiffChange(CVnDiffChange::FullFile, -1, -1, -1, -1));
   CVnDiffChangeList none;
-  const struct {
-    const CPtrArray* a;
-    const CPtrArray* b;
-    int total;
-  } cases[] = {{&first, &second, 4 + 3 + 2}, {&none, &none, 4}, {&second, &first, 4 + 5 + 9}, {&first, &none, 4 + 3}};
+  const struct { const CPtrArray *a, *b; int total; } cases[] = {{&first, &second, 4 + 3 + 2}, {&none, &none, 4}, {&second, &first, 4 + 5 + 9}, {&first, &none, 4 + 3}};
   PaneWindows windows;
   windows.Fill(L"a|b|c|d");
   for (const auto& c : cases)
@@ -140,10 +132,8 @@ TEST(VnRichEditPaneCharFromPos, GivesTheCharacterAtAPoint) {
   PaneWindows windows;
   windows.Fill(L"abc|defg|hi");
   CVnRichEditPane& edit = windows.Edit();
-  for (int c : {1, 2, 3, 4, 6, 8, 9}) {
-    SCOPED_TRACE(c);
+  for (int c : {1, 2, 3, 4, 6, 8, 9})
     EXPECT_EQ(c, edit.CharFromPos(edit.PosFromChar(c)));
-  }
   EXPECT_EQ(11, edit.CharFromPos(CPoint(5, 1000)));  // below the text: its length
 }
 
@@ -157,11 +147,7 @@ TEST(VnRichEditPaneGetCurrentCaret, TellsTheLineAndColumnOfTheCaret) {
   CVnRichEditPane& edit = windows.Edit();
   edit.SetFocus();
   ASSERT_EQ(edit.GetSafeHwnd(), ::GetFocus());
-  const struct {
-    long caretAt;
-    long start, end;
-    long line, column;
-  } cases[] = {
+  const struct { long caretAt, start, end, line, column; } cases[] = {
       {5, 5, 5, 1, 1},
       {0, 0, 0, 0, 0},
       {11, 11, 11, 2, 2},
@@ -184,7 +170,7 @@ TEST(VnRichEditPaneGetCurrentCaret, TellsTheLineAndColumnOfTheCaret) {
 TEST(VnRichEditPaneGetFirstVisibleChar, WithoutTheFocusGivesTheLastStoredColumn) {
   PaneWindows windows;
   windows.Fill(L"abc");
-  vn::test::HostWindow().SetFocus();
+  HostWindow().SetFocus();
   windows.Edit().m_nFirstVisibleChar = 7;
   EXPECT_EQ(7, windows.Edit().GetFirstVisibleChar());
 }
