@@ -17,21 +17,14 @@ class CCircle : public CShape {
 IMPLEMENT_DYNAMIC(CShape, CObject)
 IMPLEMENT_DYNCREATE(CCircle, CShape)
 
-TEST(CObjectTest, KnowsItsClassChain) {
-  CCircle c;
-  EXPECT_TRUE(c.IsKindOf(RUNTIME_CLASS(CCircle)));
-  EXPECT_TRUE(c.IsKindOf(RUNTIME_CLASS(CShape)));
-  EXPECT_TRUE(c.IsKindOf(RUNTIME_CLASS(CObject)));
-  CShape s;
-  EXPECT_FALSE(s.IsKindOf(RUNTIME_CLASS(CCircle)));
-  EXPECT_STREQ("CCircle", c.GetRuntimeClass()->m_lpszClassName);
-}
-
-TEST(CObjectTest, CreatesByClassOnlyWhereAsked) {
+TEST(CObjectTest, KnowsItsClassChainAndIsMadeByClassOnlyWhereAsked) {
   CObject* made = RUNTIME_CLASS(CCircle)->CreateObject();
   ASSERT_NE(nullptr, made);
-  EXPECT_TRUE(made->IsKindOf(RUNTIME_CLASS(CCircle)));
+  for (CRuntimeClass* cls : {RUNTIME_CLASS(CCircle), RUNTIME_CLASS(CShape), RUNTIME_CLASS(CObject)})
+    EXPECT_TRUE(made->IsKindOf(cls)) << cls->m_lpszClassName;
+  EXPECT_STREQ("CCircle", made->GetRuntimeClass()->m_lpszClassName);
   delete made;
+  EXPECT_FALSE(CShape().IsKindOf(RUNTIME_CLASS(CCircle)));
   EXPECT_EQ(nullptr, RUNTIME_CLASS(CShape)->CreateObject());
 }
 

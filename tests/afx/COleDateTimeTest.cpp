@@ -3,13 +3,12 @@
 
 #include <gtest/gtest.h>
 
+#include <vector>
+
 namespace {
 
 TEST(COleDateTimeTest, KnownDatesHaveKnownValues) {
-  const struct {
-    int y, mo, d, h, mi, s;
-    double value;
-  } cases[] = {
+  const struct { int y, mo, d, h, mi, s; double value; } cases[] = {
       {1899, 12, 30, 0, 0, 0, 0.0},      {1899, 12, 31, 0, 0, 0, 1.0},   {1970, 1, 1, 0, 0, 0, 25569.0},
       {2004, 1, 14, 18, 0, 0, 38000.75}, {1899, 12, 29, 6, 0, 0, -1.25}, {100, 1, 1, 0, 0, 0, -657434.0},
       {9999, 12, 31, 0, 0, 0, 2958465.0},
@@ -18,10 +17,8 @@ TEST(COleDateTimeTest, KnownDatesHaveKnownValues) {
     COleDateTime t(c.y, c.mo, c.d, c.h, c.mi, c.s);
     EXPECT_EQ(COleDateTime::valid, t.GetStatus());
     EXPECT_DOUBLE_EQ(c.value, t.m_dt);
-    EXPECT_EQ(c.y, t.GetYear());
-    EXPECT_EQ(c.mo, t.GetMonth());
-    EXPECT_EQ(c.d, t.GetDay());
-    EXPECT_EQ(c.h, t.GetHour());
+    EXPECT_EQ((std::vector<int>{c.y, c.mo, c.d, c.h}),
+              (std::vector<int>{t.GetYear(), t.GetMonth(), t.GetDay(), t.GetHour()}));
   }
   EXPECT_EQ(4, COleDateTime(2004, 1, 14, 0, 0, 0).GetDayOfWeek());  // a Wednesday
   EXPECT_EQ(60, COleDateTime(2004, 2, 29, 0, 0, 0).GetDayOfYear());

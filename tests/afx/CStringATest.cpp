@@ -9,8 +9,6 @@
 
 namespace {
 
-using namespace vn::test;
-
 TEST(CStringATest, ConstructsFromNullPartsAndWholeTexts) {
   EXPECT_TRUE(CStringA(static_cast<LPCSTR>(nullptr)).IsEmpty());
   EXPECT_STREQ("ab", CStringA("abc", 2));
@@ -21,23 +19,17 @@ TEST(CStringATest, ConstructsFromNullPartsAndWholeTexts) {
   EXPECT_STREQ("xyz!", s);
   EXPECT_EQ(4, s.GetLength());
   EXPECT_EQ('y', s.GetAt(1));
+  EXPECT_TRUE(vn::test::RaisesInvalidArg([&] { s.GetAt(4); }));
 }
 
 TEST(CStringATest, CompareOrdersBytesAsUnsigned) {
-  struct Case {
-    LPCSTR a, b;
-    int sign;
-  } cases[] = {{"a", "b", -1}, {"b", "a", 1}, {"a", "a", 0}, {"", "a", -1},
-               {"\xE9", "z", 1}, {"A", "a", -1}, {"ab", "a", 1}};
-  for (const Case& c : cases) {
+  const struct { LPCSTR a, b; int sign; } cases[] = {
+      {"a", "b", -1}, {"b", "a", 1}, {"a", "a", 0}, {"", "a", -1}, {"\xE9", "z", 1}, {"A", "a", -1}, {"ab", "a", 1}};
+  for (const auto& c : cases) {
     int r = CStringA(c.a).Compare(c.b);
     EXPECT_EQ(c.sign, (r > 0) - (r < 0)) << c.a << " vs " << c.b;
     EXPECT_EQ(c.sign == 0, CStringA(c.a) == CStringA(c.b));
   }
-}
-
-TEST(CStringATest, IndexOutsideRaisesInvalidArgument) {
-  EXPECT_TRUE(RaisesInvalidArg([] { CStringA("a").GetAt(1); }));
 }
 
 }  // namespace

@@ -6,49 +6,40 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <string>
 #include <vector>
 
 namespace {
 
 using namespace vn::test;
+using Texts = std::vector<std::string>;
 
-std::vector<std::string> Forward(const CStringList& l) {
-  std::vector<std::string> out;
+// The list walked from the head, then from the tail, as one sequence.
+Texts HeadToTailThenBack(const CStringList& l) {
+  Texts out;
   for (POSITION pos = l.GetHeadPosition(); pos;)
-    out.push_back(VnToUtf8(l.GetNext(pos)));
-  return out;
-}
-
-std::vector<std::string> Backward(const CStringList& l) {
-  std::vector<std::string> out;
+    out.push_back(U8(l.GetNext(pos)));
   for (POSITION pos = l.GetTailPosition(); pos;)
-    out.push_back(VnToUtf8(l.GetPrev(pos)));
+    out.push_back(U8(l.GetPrev(pos)));
   return out;
 }
 
-TEST(CStringListTest, KeepsInsertionOrderBothWays) {
+TEST(CStringListTest, KeepsInsertionOrderAndRemovesFromEitherEnd) {
   CStringList l;
   EXPECT_TRUE(l.IsEmpty());
   EXPECT_EQ(nullptr, l.GetHeadPosition());
   l.AddTail(_T("b"));
   l.AddTail(_T("c"));
   l.AddHead(_T("a"));
-  EXPECT_EQ(3, l.GetCount());
-  EXPECT_EQ((std::vector<std::string>{"a", "b", "c"}), Forward(l));
-  EXPECT_EQ((std::vector<std::string>{"c", "b", "a"}), Backward(l));
-  EXPECT_EQ("a", VnToUtf8(l.GetHead()));
-  EXPECT_EQ("c", VnToUtf8(l.GetTail()));
-}
-
-TEST(CStringListTest, RemovesFromEitherEndAndEmpties) {
-  CStringList l;
-  for (LPCWSTR s : {_T("1"), _T("2"), _T("3"), _T("4")})
-    l.AddTail(s);
-  EXPECT_EQ("1", VnToUtf8(l.RemoveHead()));
-  EXPECT_EQ("4", VnToUtf8(l.RemoveTail()));
-  EXPECT_EQ((std::vector<std::string>{"2", "3"}), Forward(l));
-  EXPECT_EQ((std::vector<std::string>{"3", "2"}), Backward(l));
+  l.AddTail(_T("d"));
+  EXPECT_EQ(4, l.GetCount());
+  EXPECT_EQ((Texts{"a", "b", "c", "d", "d", "c", "b", "a"}), HeadToTailThenBack(l));
+  EXPECT_EQ("a", U8(l.GetHead()));
+  EXPECT_EQ("d", U8(l.GetTail()));
+  EXPECT_EQ("a", U8(l.RemoveHead()));
+  EXPECT_EQ("d", U8(l.RemoveTail()));
+  EXPECT_EQ((Texts{"b", "c", "c", "b"}), HeadToTailThenBack(l));
   l.RemoveHead();
   l.RemoveTail();
   EXPECT_TRUE(l.IsEmpty());
@@ -56,7 +47,7 @@ TEST(CStringListTest, RemovesFromEitherEndAndEmpties) {
   l.AddTail(_T("again"));
   l.RemoveAll();
   EXPECT_EQ(0, l.GetCount());
-  EXPECT_TRUE(Forward(l).empty());
+  EXPECT_TRUE(HeadToTailThenBack(l).empty());
 }
 
 TEST(CStringListTest, FindsExactTextAfterAPosition) {
@@ -68,19 +59,18 @@ TEST(CStringListTest, FindsExactTextAfterAPosition) {
   EXPECT_EQ(third, l.Find(_T("x"), first));
   EXPECT_EQ(nullptr, l.Find(_T("x"), third));
   EXPECT_EQ(nullptr, l.Find(_T("y")));
-  EXPECT_EQ("X", VnToUtf8(l.GetAt(l.Find(_T("X")))));
+  EXPECT_EQ("X", U8(l.GetAt(l.Find(_T("X")))));
 }
 
 TEST(CStringListTest, EmptyEndsAndNullPositionsRaiseInvalidArgument) {
   CStringList l;
   POSITION none = nullptr;
-  EXPECT_TRUE(RaisesInvalidArg([&] { l.GetHead(); }));
-  EXPECT_TRUE(RaisesInvalidArg([&] { l.GetTail(); }));
-  EXPECT_TRUE(RaisesInvalidArg([&] { l.RemoveHead(); }));
-  EXPECT_TRUE(RaisesInvalidArg([&] { l.RemoveTail(); }));
-  EXPECT_TRUE(RaisesInvalidArg([&] { l.GetNext(none); }));
-  EXPECT_TRUE(RaisesInvalidArg([&] { l.GetPrev(none); }));
-  EXPECT_TRUE(RaisesInvalidArg([&] { l.GetAt(none); }));
+  const std::function<void()> faults[] = {[&] { l.GetHead(); },     [&] { l.GetTail(); },
+                                          [&] { l.RemoveHead(); },  [&] { l.RemoveTail(); },
+                                          [&] { l.GetNext(none); }, [&] { l.GetPrev(none); },
+                                          [&] { l.GetAt(none); }};
+  for (size_t k = 0; k < sizeof faults / sizeof faults[0]; ++k)
+    EXPECT_TRUE(RaisesInvalidArg(faults[k])) << k;
 }
 
 }  // namespace
