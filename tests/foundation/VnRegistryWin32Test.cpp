@@ -1,12 +1,10 @@
 // VnRegistryWin32Test.cpp - CVnRegistry over the real registry: round trips,
 // every failure kind giving the default, sections and sub keys, key lists,
-// recursive deletion, copies, and values that outlive their process.
+// recursive deletion and copies.
 //
 // Every test works below HKCU\Software\VnReconcileTests\<test name>, which
 // the fixture deletes before and after, so a failed run leaves nothing.
 #include "foundation/VnRegistry.h"
-
-#include "VnProcessHelperExe.h"
 
 #include <gtest/gtest.h>
 
@@ -112,7 +110,7 @@ TEST_F(VnRegistryTest, ReadersGiveTheDefaultForEveryKindOfFailure) {
   PutRaw(_T("Sec"), _T("Multi"), REG_MULTI_SZ, L"a\0b\0", 10);
 
   CVnRegistry reg(HKEY_CURRENT_USER, m_path, _T("Sec"));
-  struct IntRow {
+  struct Row {
     const char* what;
     LPCWSTR name;
     LPCWSTR subKey;
@@ -124,21 +122,16 @@ TEST_F(VnRegistryTest, ReadersGiveTheDefaultForEveryKindOfFailure) {
       {"binary read as a number", _T("Bin"), nullptr},
       {"missing sub key", _T("Num"), _T("NoSuchKey")},
   };
-  for (const IntRow& r : ints)
+  for (const Row& r : ints)
     EXPECT_EQ(777u, reg.GetInt(r.name, 777, r.subKey)) << r.what;
-
-  struct StringRow {
-    const char* what;
-    LPCWSTR name;
-    LPCWSTR subKey;
-  } strings[] = {
+  const Row strings[] = {
       {"missing value", _T("Nothing"), nullptr},
       {"number read as text", _T("Num"), nullptr},
       {"binary read as text", _T("Bin"), nullptr},
       {"multi-string read as text", _T("Multi"), nullptr},
       {"missing sub key", _T("Sz"), _T("NoSuchKey")},
   };
-  for (const StringRow& r : strings)
+  for (const Row& r : strings)
     EXPECT_EQ("fallback", U8(reg.GetString(r.name, _T("fallback"), r.subKey))) << r.what;
   EXPECT_EQ("", U8(reg.GetString(_T("Nothing"), nullptr))) << "a null default counts as empty";
 
@@ -348,25 +341,6 @@ TEST_F(VnRegistryTest, CopiesOwnTheirKeys) {
   EXPECT_EQ(1, assigned.PutInt(_T("M"), 22));
   EXPECT_EQ(22u, copied.GetInt(_T("M"), 0, _T("Sec")));
   EXPECT_EQ(1, assigned.CloseSection());
-}
-
-TEST_F(VnRegistryTest, ValuesOutliveTheProcessThatWroteThem) {
-  ASSERT_TRUE(vn::test::HelperExists()) << "vn_settings_helper.exe must be built beside the tests";
-  const CString where = _T("\"") + m_path + _T("\" Sec ");
-  {
-    CVnRegistry reg(HKEY_CURRENT_USER, m_path, _T("Sec"));
-    reg.PutInt(_T("FromTest"), 123);
-    reg.PutString(_T("TextFromTest"), _T("Lucida Console"));
-  }
-  EXPECT_EQ(123, vn::test::RunHelper(_T("regget-int ") + where + _T("FromTest 0")));
-  EXPECT_EQ(0, vn::test::RunHelper(_T("regget-str ") + where + _T("TextFromTest \"Lucida Console\"")));
-  EXPECT_EQ(9, vn::test::RunHelper(_T("regget-int ") + where + _T("Missing 9"))) << "the default there too";
-
-  EXPECT_EQ(0, vn::test::RunHelper(_T("regput-int ") + where + _T("FromHelper 77")));
-  EXPECT_EQ(0, vn::test::RunHelper(_T("regput-str ") + where + _T("TextFromHelper \"a b\"")));
-  CVnRegistry reg(HKEY_CURRENT_USER, m_path, _T("Sec"));
-  EXPECT_EQ(77u, reg.GetInt(_T("FromHelper"), 0));
-  EXPECT_EQ("a b", U8(reg.GetString(_T("TextFromHelper"), _T(""))));
 }
 
 }  // namespace

@@ -12,28 +12,21 @@ std::string U8(const CString& s) { return VnToUtf8(s); }
 const double kMs = 1.0 / 86400000.0;
 
 #ifndef _WIN32
-// Natively the zone follows TZ, so tests can choose one.
-// Sets TZ for one test and restores the zone state afterwards.
+// Natively the zone follows TZ, so tests can choose one: this sets it for one
+// test and restores it, and the zone state, afterwards.
 class ZoneScope {
 public:
-  explicit ZoneScope(const char* tz) {
-    const char* old = getenv("TZ");
-    m_had = old != nullptr;
-    if (old)
-      m_old = old;
+  explicit ZoneScope(const char* tz) : m_had(getenv("TZ") != nullptr), m_old(m_had ? getenv("TZ") : "") {
     setenv("TZ", tz, 1);
     CVnTime::ResetZoneShift();
   }
   ~ZoneScope() {
-    if (m_had)
-      setenv("TZ", m_old.c_str(), 1);
-    else
-      unsetenv("TZ");
+    m_had ? setenv("TZ", m_old.c_str(), 1) : unsetenv("TZ");
     CVnTime::ResetZoneShift();
   }
 
 private:
-  bool m_had = false;
+  bool m_had;
   std::string m_old;
 };
 #endif
