@@ -59,49 +59,42 @@ struct SideBySide {
   CVnRichEditPane& Right() { return right.Edit(); }
 };
 
+// One side of the host's walk: the pane, the last line of its file passed,
+// the blank rows added so far and where they went (1-based rows).
+struct Side {
+  CVnRichEditPane& edit;
+  long done = 0, added = 0;
+  std::set<int> padding;
+};
+
 // The host's walk: each record colours its lines on the side(s) it has and
 // pads the shorter side below them with blank rows.  A record's unused
 // side holds 0, so where an insert or a delete falls on the other side
-// follows from the equal lines since the last record.  The padding rows
-// (1-based) of each side are collected.
-void Align(SideBySide& panes, const CPtrArray& changes, const CVnOptionState& formats, std::set<int>& leftPadding,
-           std::set<int>& rightPadding) {
-  long sourceDone = 0, targetDone = 0, leftAdded = 0, rightAdded = 0;
+// follows from the equal lines since the last record.
+void Align(Side (&sides)[2], const CPtrArray& changes, const CVnOptionState& formats) {
   for (INT_PTR k = 0; k < changes.GetSize(); ++k) {
     const CVnDiffChange& change = *static_cast<const CVnDiffChange*>(changes.GetAt(k));
-    long sourceStart = change.StartSource(), sourceCount = change.SourceChangeLen();
-    long targetStart = change.StartTarget(), targetCount = change.TargetChangeLen();
-    const CHARFORMATW* leftFormat = &formats.GetReplaceCharFormat();
-    const CHARFORMATW* rightFormat = &formats.GetReplaceCharFormat();
-    if (change.GetAction() == CVnDiffChange::Delete) {
-      targetCount = 0;
-      targetStart = targetDone + (sourceStart - 1 - sourceDone) + 1;
-      leftFormat = &formats.GetDeleteCharFormat();
-    } else if (change.GetAction() == CVnDiffChange::Insert) {
-      sourceCount = 0;
-      sourceStart = sourceDone + (targetStart - 1 - targetDone) + 1;
-      rightFormat = &formats.GetInsertCharFormat();
+    long start[2] = {change.StartSource(), change.StartTarget()};
+    long count[2] = {change.SourceChangeLen(), change.TargetChangeLen()};
+    const CHARFORMATW* format[2] = {&formats.GetReplaceCharFormat(), &formats.GetReplaceCharFormat()};
+    int only = change.GetAction() == CVnDiffChange::Delete ? 0 : change.GetAction() == CVnDiffChange::Insert ? 1 : -1;
+    if (only >= 0) {  // the other side has no lines in this record
+      count[1 - only] = 0;
+      start[1 - only] = sides[1 - only].done + (start[only] - sides[only].done);
+      format[only] = only == 0 ? &formats.GetDeleteCharFormat() : &formats.GetInsertCharFormat();
     }
-    int leftRow = static_cast<int>(sourceStart + leftAdded);
-    int rightRow = static_cast<int>(targetStart + rightAdded);
-    if (sourceCount > 0)
-      panes.Left().ColorSelection(leftRow, leftRow + sourceCount - 1, *leftFormat);
-    if (targetCount > 0)
-      panes.Right().ColorSelection(rightRow, rightRow + targetCount - 1, *rightFormat);
-    long gap = targetCount - sourceCount;
-    if (gap > 0) {
-      int at = leftRow + static_cast<int>(sourceCount);
-      leftAdded += panes.Left().InsertBlankLines(at, static_cast<int>(gap), 0, 0);
-      for (int r = at; r < at + gap; ++r)
-        leftPadding.insert(r);
-    } else if (gap < 0) {
-      int at = rightRow + static_cast<int>(targetCount);
-      rightAdded += panes.Right().InsertBlankLines(at, static_cast<int>(-gap), 0, 0);
-      for (int r = at; r < at - gap; ++r)
-        rightPadding.insert(r);
+    for (int side = 0; side < 2; ++side) {
+      Side& s = sides[side];
+      int row = static_cast<int>(start[side] + s.added), end = row + static_cast<int>(count[side]);
+      if (count[side] > 0)
+        s.edit.ColorSelection(row, end - 1, *format[side]);
+      int gap = static_cast<int>(count[1 - side] - count[side]);
+      if (gap > 0)
+        s.added += s.edit.InsertBlankLines(end, gap, 0, 0);
+      for (int r = end; r < end + gap; ++r)
+        s.padding.insert(r);
+      s.done = start[side] + count[side] - 1;
     }
-    sourceDone = sourceStart + sourceCount - 1;
-    targetDone = targetStart + targetCount - 1;
   }
 }
 
@@ -140,8 +133,10 @@ TEST(VnPaneDemo, EqualLinesStandLevelAndChangesShowInTheDefaultFormats) {
   panes.left.Fill(kSource, L"\r\n");  // neither file has a '|' for Fill to take as a break
   panes.right.Fill(kTarget, L"\r\n");
   CVnOptionState formats;
-  std::set<int> leftPadding, rightPadding;
-  Align(panes, changes, formats, leftPadding, rightPadding);
+  Side sides[2] = {{panes.Left(), 0, 0, {}}, {panes.Right(), 0, 0, {}}};
+  Align(sides, changes, formats);
+  const std::set<int>& leftPadding = sides[0].padding;
+  const std::set<int>& rightPadding = sides[1].padding;
 
   // Both sides have one row for each aligned row.
   ASSERT_EQ(panes.Left().GetLineCount(), panes.Right().GetLineCount());

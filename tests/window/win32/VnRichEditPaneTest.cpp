@@ -22,6 +22,21 @@ const COLORREF kRed = 0x0000FF;
 const COLORREF kBlue = 0xFF0000;
 const wchar_t* const kTerminators[] = {L"\r\n", L"\r"};
 
+// The rows after op ran on a fresh pane holding rows.  The pane window's
+// terminator is "\r\n", then "\r": the rows must not differ.
+template <class Op>
+std::wstring RowsAfter(const std::wstring& rows, Op op) {
+  std::wstring after[2];
+  for (int k = 0; k < 2; ++k) {
+    PaneWindows windows;
+    windows.Fill(rows, kTerminators[k]);
+    op(windows.Edit());
+    after[k] = Rows(windows.Edit());
+  }
+  EXPECT_EQ(after[0], after[1]) << "with \\r for a terminator";
+  return after[0];
+}
+
 // A pane window that counts the selection changes its child reports.
 class NotifiedPane : public CVnPaneWnd {
 public:
@@ -98,15 +113,12 @@ TEST(VnRichEditPaneInsertBlankLines, AddsRowsInFrontOfALineAndTakesOneBackAboveT
       {4, 2, 0, 0, 2, L"a|b|c||"},  // past the end: at the end of the text
       {9, 2, 1, 4, 1, L"a|b|c|"},
   };
-  for (const wchar_t* terminator : kTerminators) {
-    for (const auto& c : cases) {
-      SCOPED_TRACE(testing::Message() << "line " << c.line << " count " << c.count << " flag " << c.flag
-                                      << " limit " << c.limit << " terminator length " << wcslen(terminator));
-      PaneWindows windows;
-      windows.Fill(L"a|b|c", terminator);
-      EXPECT_EQ(c.rows, windows.Edit().InsertBlankLines(c.line, c.count, c.flag, c.limit));
-      EXPECT_EQ(std::wstring(c.expected), Rows(windows.Edit()));
-    }
+  for (const auto& c : cases) {
+    SCOPED_TRACE(testing::Message() << "line " << c.line << " count " << c.count << " flag " << c.flag << " limit "
+                                    << c.limit);
+    EXPECT_EQ(c.expected, RowsAfter(L"a|b|c", [&](CVnRichEditPane& e) {
+                EXPECT_EQ(c.rows, e.InsertBlankLines(c.line, c.count, c.flag, c.limit));
+              }));
   }
 }
 
@@ -121,16 +133,12 @@ TEST(VnRichEditPaneInsertDeletedLines, PutsLinesOfTheOtherFileInFrontOfALine) {
       {1, 0, 2, 0, 0, L"a|b|c"},
   };
   WideLineSet other(L"x\r\ny\r\nz\r\n");
-  for (const wchar_t* terminator : kTerminators) {
-    for (const auto& c : cases) {
-      SCOPED_TRACE(testing::Message() << "source " << c.source << " count " << c.count << " line " << c.line
-                                      << " flags " << c.noLeadingBreak << c.lastLineBreak);
-      PaneWindows windows;
-      windows.Fill(L"a|b|c", terminator);
-      EXPECT_EQ(c.count, windows.Edit().InsertDeletedLines(other.arg, c.source, c.count, c.line, c.noLeadingBreak,
-                                                           c.lastLineBreak, ColorFormat(kRed, true)));
-      EXPECT_EQ(std::wstring(c.expected), Rows(windows.Edit()));
-    }
+  for (const auto& c : cases) {
+    SCOPED_TRACE(testing::Message() << "source " << c.source << " count " << c.count << " line " << c.line);
+    EXPECT_EQ(c.expected, RowsAfter(L"a|b|c", [&](CVnRichEditPane& e) {
+                EXPECT_EQ(c.count, e.InsertDeletedLines(other.arg, c.source, c.count, c.line, c.noLeadingBreak,
+                                                        c.lastLineBreak, ColorFormat(kRed, true)));
+              }));
   }
 }
 
@@ -140,10 +148,9 @@ TEST(VnRichEditPaneInsertDeletedLines, DropsAFinalCarriageReturnAndNothingElse) 
   for (const auto& c : cases) {
     SCOPED_TRACE(testing::Message() << c.expected);
     WideLineSet other(c.lineSet);
-    PaneWindows windows;
-    windows.Fill(L"a", L"\r\n");
-    windows.Edit().InsertDeletedLines(other.arg, 1, 2, 1, 0, 0, ColorFormat(kRed, true));
-    std::wstring rows = Rows(windows.Edit());
+    std::wstring rows = RowsAfter(L"a", [&](CVnRichEditPane& e) {
+      e.InsertDeletedLines(other.arg, 1, 2, 1, 0, 0, ColorFormat(kRed, true));
+    });
     for (wchar_t& ch : rows)
       if (ch == L'\r')
         ch = L'R';
@@ -170,7 +177,8 @@ TEST(VnRichEditPaneInsertDeletedLines, ASourceOutsideTheLineSetFailsAfterTheLine
   WideLineSet other(L"x\r\ny\r\n");
   PaneWindows windows;
   windows.Fill(L"a|b", L"\r\n");
-  EXPECT_TRUE(RaisesInvalidArg([&] { windows.Edit().InsertDeletedLines(other.arg, 2, 3, 2, 0, 0, ColorFormat(kRed)); }));
+  CVnRichEditPane& edit = windows.Edit();
+  EXPECT_TRUE(RaisesInvalidArg([&] { edit.InsertDeletedLines(other.arg, 2, 3, 2, 0, 0, ColorFormat(kRed)); }));
   EXPECT_EQ(std::wstring(L"a|y|b"), Rows(windows.Edit()));
 }
 
@@ -194,16 +202,14 @@ TEST(VnRichEditPaneLineEdits, InsertDeleteAndReplaceALine) {
       {Replace, 8, L"z", L"a|b|cz"},          // beyond the end: at the end of the text
   };
   for (const auto& c : cases) {
-    SCOPED_TRACE(testing::Message() << "op " << c.op << " line " << c.line);
-    PaneWindows windows;
-    windows.Fill(L"a|b|c", L"\r\n");
-    if (c.op == Insert) {
-      windows.Edit().SetSel(5, 5);
-      windows.Edit().InsertLine(c.line, c.text);
-    } else {
-      windows.Edit().ReplaceLine(c.line, c.text);
-    }
-    EXPECT_EQ(std::wstring(c.expected), Rows(windows.Edit()));
+    EXPECT_EQ(c.expected, RowsAfter(L"a|b|c", [&](CVnRichEditPane& e) {
+                if (c.op == Insert) {
+                  e.SetSel(5, 5);
+                  e.InsertLine(c.line, c.text);
+                } else {
+                  e.ReplaceLine(c.line, c.text);
+                }
+              })) << "op " << c.op << " line " << c.line;
   }
 }
 
@@ -216,14 +222,9 @@ TEST(VnRichEditPaneDeleteLine, RemovesALineWithItsTerminator) {
       {L"a|b|c", 7, L"a|b|c"},
       {L"", 1, L""},
   };
-  for (const wchar_t* terminator : kTerminators) {
-    for (const auto& c : cases) {
-      SCOPED_TRACE(testing::Message() << c.rows << " line " << c.line << " terminator " << wcslen(terminator));
-      PaneWindows windows;
-      windows.Fill(c.rows, terminator);
-      windows.Edit().DeleteLine(c.line);
-      EXPECT_EQ(std::wstring(c.expected), Rows(windows.Edit()));
-    }
+  for (const auto& c : cases) {
+    EXPECT_EQ(c.expected, RowsAfter(c.rows, [&](CVnRichEditPane& e) { e.DeleteLine(c.line); }))
+        << c.rows << " line " << c.line;
   }
 }
 
@@ -231,11 +232,8 @@ TEST(VnRichEditPaneDeleteLines, RemovesARunOfLines) {
   const struct { int first, count; const wchar_t* expected; } cases[] = {
       {2, 2, L"a|d"}, {1, 1, L"b|c|d"}, {3, 5, L"a|b|"}, {1, 4, L""}, {6, 1, L"a|b|c|d"}};
   for (const auto& c : cases) {
-    SCOPED_TRACE(testing::Message() << c.first << "," << c.count);
-    PaneWindows windows;
-    windows.Fill(L"a|b|c|d");
-    windows.Edit().DeleteLines(c.first, c.count);
-    EXPECT_EQ(std::wstring(c.expected), Rows(windows.Edit()));
+    EXPECT_EQ(c.expected, RowsAfter(L"a|b|c|d", [&](CVnRichEditPane& e) { e.DeleteLines(c.first, c.count); }))
+        << c.first << "," << c.count;
   }
 }
 
