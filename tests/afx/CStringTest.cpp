@@ -77,11 +77,6 @@ TEST(CStringTest, IndexOutsideRaisesInvalidArgument) {
   EXPECT_TRUE(RaisesInvalidArg([&] { s.GetAt(3); }));
 }
 
-struct FormatCase {
-  const char* expected;
-  CString actual;
-};
-
 TEST(CStringTest, FormatsNumbersAndTexts) {
   auto F = [](LPCWSTR fmt, auto... args) {
     CString s;

@@ -37,14 +37,4 @@ TEST(CGdiObjectTest, AttachRefusesNullAndASecondHandle) {
   ::DeleteObject(second);
 }
 
-TEST(CGdiObjectTest, BitmapReportsItsSize) {
-  CBitmap bitmap;
-  ASSERT_EQ(TRUE, bitmap.Attach(::CreateBitmap(4, 3, 1, 32, nullptr)));
-  BITMAP info = {};
-  ASSERT_NE(0, bitmap.GetBitmap(&info));
-  EXPECT_EQ(4, info.bmWidth);
-  EXPECT_EQ(3, info.bmHeight);
-  EXPECT_EQ(32, info.bmBitsPixel);
-}
-
 }  // namespace

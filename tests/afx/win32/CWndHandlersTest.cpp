@@ -58,11 +58,7 @@ TEST(CWndHandlers, ScrollMessagesCarryCodePositionAndTheSendingBar) {
   HWND loose = ::CreateWindowExW(0, L"SCROLLBAR", nullptr, WS_CHILD | SBS_VERT, 0, 0, 20, 100, recorder, nullptr,
                                  nullptr, nullptr);
   ASSERT_NE(nullptr, loose);
-  const struct {
-    UINT message;
-    UINT code, pos;
-    HWND bar;
-  } cases[] = {
+  const struct { UINT message, code, pos; HWND bar; } cases[] = {
       {WM_HSCROLL, SB_LINERIGHT, 0, owned},
       {WM_VSCROLL, SB_THUMBTRACK, 77, loose},
       {WM_HSCROLL, SB_THUMBPOSITION, 65535, nullptr},
@@ -85,18 +81,6 @@ TEST(CWndHandlers, ScrollMessagesCarryCodePositionAndTheSendingBar) {
   }
   EXPECT_TRUE(::IsWindow(loose));  // lending doesn't destroy
   EXPECT_EQ(nullptr, CWnd::FromHandlePermanent(loose));
-}
-
-TEST(CWndHandlers, CaretPositionIsTheThreadsCaret) {
-  CWnd wnd;
-  ASSERT_TRUE(wnd.CreateEx(0, nullptr, L"caret", WS_OVERLAPPEDWINDOW, kRect, nullptr, 0));
-  ASSERT_TRUE(::CreateCaret(wnd, nullptr, 2, 10));
-  const POINT points[] = {{15, 7}, {0, 0}, {120, 40}};
-  for (const POINT& p : points) {
-    ::SetCaretPos(p.x, p.y);
-    EXPECT_EQ(CPoint(p), CWnd::GetCaretPos());
-  }
-  ::DestroyCaret();
 }
 
 }  // namespace
