@@ -50,26 +50,28 @@ long long ThrownCode(const std::function<void()>& call) {
   return -1;
 }
 
-TEST(VnProcessWin32Test, RunAppWaitsAndGivesTheExitCode) {
+TEST(VnProcessWin32Test, RunAppGivesTheExitCodeOfWhatItWaitedFor) {
   ASSERT_TRUE(vn::test::HelperExists());
   RecordingApp app;
   struct Row {
     const char* args;
-    int show;
+    int show, wait, windowed, idle;
     long code;
-  } rows[] = {{"exit 0", 0, 0}, {"exit 7", 0, 7}, {"exit 7", 1, 7}, {"sleep 300 42", 0, 42}, {"exit 3000000", 0, 3000000}};
+  } rows[] = {
+      {"exit 0", 0, 1, 0, 0, 0},       {"exit 7", 0, 1, 0, 0, 7},
+      {"exit 7", 1, 1, 0, 0, 7},       {"sleep 300 42", 0, 1, 0, 0, 42},
+      {"exit 3000000", 0, 1, 0, 0, 3000000},
+      {"sleep 300 3", 0, 1, 0, 1, 3},  // the idle flag alone waits for nothing more
+      // Not waiting: the code is read at once, while the helper still sleeps;
+      // for a windowed program it is never read.
+      {"sleep 1500 5", 0, 0, 0, 0, static_cast<long>(STILL_ACTIVE)},
+      {"sleep 1500 5", 0, 0, 1, 0, 0},
+  };
   for (const Row& r : rows) {
-    EXPECT_EQ(r.code, RunApp(HelperCommand() + _T(" ") + VnFromUtf8(r.args), r.show, 1, 0, 0)) << r.args;
+    EXPECT_EQ(r.code, RunApp(HelperCommand() + _T(" ") + VnFromUtf8(r.args), r.show, r.wait, r.windowed, r.idle))
+        << r.args;
     EXPECT_EQ(0, app.GetWaitCursorCount()) << r.args;
   }
-}
-
-TEST(VnProcessWin32Test, RunAppWithoutWaitingSeesARunningProgram) {
-  // Not windowed, not waiting: the exit code is read at once, and the helper
-  // is still asleep.
-  EXPECT_EQ(static_cast<long>(STILL_ACTIVE), RunApp(HelperCommand() + _T(" sleep 1500 5"), 0, 0, 0, 0));
-  // Windowed and not waiting: the code is never read.
-  EXPECT_EQ(0, RunApp(HelperCommand() + _T(" sleep 1500 5"), 0, 0, 1, 0));
 }
 
 TEST(VnProcessWin32Test, MissingProgramThrowsTheSystemsCodeAndRestoresTheCursor) {
@@ -137,14 +139,11 @@ TEST(VnProcessWin32Test, WaitUntilIdleSucceedsForAWindowedProgram) {
   EXPECT_EQ(0, app.GetWaitCursorCount());
 }
 
-// Only the windowed flag with the idle flag reaches the idle wait, and a
-// program without a message queue fails it.
+// A program without a message queue fails the idle wait.
 TEST(VnProcessWin32Test, WaitUntilIdleFailsForAProgramWithoutAMessageQueue) {
   RecordingApp app;
   EXPECT_NE(-1, ThrownCode([] { RunApp(HelperCommand() + _T(" sleep 300 0"), 0, 1, 1, 1); }));
   EXPECT_EQ(0, app.GetWaitCursorCount());
-  EXPECT_EQ(-1, ThrownCode([] { RunApp(HelperCommand() + _T(" sleep 300 0"), 0, 1, 0, 1); }))
-      << "the idle flag alone waits for nothing";
 }
 
 // The shell tells the user about a failure in a box of its own (no flag asks
