@@ -35,12 +35,7 @@ inline Picture CaptureWindow(HWND window) {
   picture.width = rect.right - rect.left;
   picture.height = rect.bottom - rect.top;
   BITMAPINFO info = {};
-  info.bmiHeader.biSize = sizeof(BITMAPINFOHEADER);
-  info.bmiHeader.biWidth = picture.width;
-  info.bmiHeader.biHeight = -picture.height;  // top row first
-  info.bmiHeader.biPlanes = 1;
-  info.bmiHeader.biBitCount = 32;
-  info.bmiHeader.biCompression = BI_RGB;
+  info.bmiHeader = {sizeof(BITMAPINFOHEADER), picture.width, -picture.height, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
   void* bits = nullptr;
   HDC source = ::GetWindowDC(window);
   HDC memory = ::CreateCompatibleDC(source);
@@ -50,11 +45,8 @@ inline Picture CaptureWindow(HWND window) {
   ::GdiFlush();
   const unsigned char* bgrx = static_cast<const unsigned char*>(bits);
   picture.rgb.resize(static_cast<size_t>(picture.width) * picture.height * 3);
-  for (size_t p = 0; p < static_cast<size_t>(picture.width) * picture.height; ++p) {
-    picture.rgb[p * 3] = bgrx[p * 4 + 2];
-    picture.rgb[p * 3 + 1] = bgrx[p * 4 + 1];
-    picture.rgb[p * 3 + 2] = bgrx[p * 4];
-  }
+  for (size_t p = 0; p < picture.rgb.size(); ++p)
+    picture.rgb[p] = bgrx[p / 3 * 4 + 2 - p % 3];
   ::SelectObject(memory, old);
   ::DeleteObject(bitmap);
   ::DeleteDC(memory);
@@ -62,19 +54,13 @@ inline Picture CaptureWindow(HWND window) {
   return picture;
 }
 
-inline uint32_t Crc32(const unsigned char* data, size_t size, uint32_t crc = 0) {
-  static uint32_t table[256];
-  if (!table[1]) {
-    for (uint32_t n = 0; n < 256; ++n) {
-      uint32_t c = n;
-      for (int k = 0; k < 8; ++k)
-        c = (c & 1) ? 0xEDB88320u ^ (c >> 1) : c >> 1;
-      table[n] = c;
-    }
+inline uint32_t Crc32(const unsigned char* data, size_t size) {
+  uint32_t crc = ~0u;
+  for (size_t i = 0; i < size; ++i) {
+    crc ^= data[i];
+    for (int k = 0; k < 8; ++k)
+      crc = (crc & 1) ? 0xEDB88320u ^ (crc >> 1) : crc >> 1;
   }
-  crc = ~crc;
-  for (size_t i = 0; i < size; ++i)
-    crc = table[(crc ^ data[i]) & 0xFF] ^ (crc >> 8);
   return ~crc;
 }
 
@@ -97,12 +83,11 @@ inline std::vector<unsigned char> StoredZlib(const std::vector<unsigned char>& r
   size_t at = 0;
   do {
     size_t n = raw.size() - at < 65535 ? raw.size() - at : 65535;
-    bool last = at + n == raw.size();
-    z.push_back(last ? 1 : 0);
-    z.push_back(static_cast<unsigned char>(n));
-    z.push_back(static_cast<unsigned char>(n >> 8));
-    z.push_back(static_cast<unsigned char>(~n));
-    z.push_back(static_cast<unsigned char>(~n >> 8));
+    z.push_back(at + n == raw.size() ? 1 : 0);  // the last block
+    for (size_t v : {n, ~n}) {
+      z.push_back(static_cast<unsigned char>(v));
+      z.push_back(static_cast<unsigned char>(v >> 8));
+    }
     z.insert(z.end(), raw.begin() + at, raw.begin() + at + n);
     at += n;
   } while (at < raw.size());

@@ -135,14 +135,12 @@ TEST(VnPaneDemo, EqualLinesStandLevelAndChangesShowInTheDefaultFormats) {
   CVnOptionState formats;
   Side sides[2] = {{panes.Left(), 0, 0, {}}, {panes.Right(), 0, 0, {}}};
   Align(sides, changes, formats);
-  const std::set<int>& leftPadding = sides[0].padding;
-  const std::set<int>& rightPadding = sides[1].padding;
 
   // Both sides have one row for each aligned row.
   ASSERT_EQ(panes.Left().GetLineCount(), panes.Right().GetLineCount());
   // Take the padding away and each side is its file again.
-  EXPECT_EQ(FileLines(source.arg), RowsWithout(panes.Left(), leftPadding));
-  EXPECT_EQ(FileLines(target.arg), RowsWithout(panes.Right(), rightPadding));
+  EXPECT_EQ(FileLines(source.arg), RowsWithout(panes.Left(), sides[0].padding));
+  EXPECT_EQ(FileLines(target.arg), RowsWithout(panes.Right(), sides[1].padding));
 
   // Row by row: uncoloured text stands beside the same text; a deleted or
   // inserted line stands beside a padding row.
@@ -150,25 +148,23 @@ TEST(VnPaneDemo, EqualLinesStandLevelAndChangesShowInTheDefaultFormats) {
   const COLORREF removed = formats.GetDeleteCharFormat().crTextColor;
   const COLORREF added = formats.GetInsertCharFormat().crTextColor;
   std::set<COLORREF> seen;
-  for (int row = 1; row <= panes.Left().GetLineCount() - 1; ++row) {
-    SCOPED_TRACE(row);
-    CString leftText, rightText;
-    panes.Left().GetPaneLine(row - 1, leftText);
-    panes.Right().GetPaneLine(row - 1, rightText);
-    auto left = FormatOfLine(panes.Left(), row);
-    auto right = FormatOfLine(panes.Right(), row);
-    bool leftPad = leftPadding.count(row) != 0, rightPad = rightPadding.count(row) != 0;
-    if (!leftPad)
-      seen.insert(left.color);
-    if (!rightPad)
-      seen.insert(right.color);
-    if (!leftPad && left.color == removed) {
-      EXPECT_TRUE(left.struck);
-      EXPECT_TRUE(rightPad);
-    } else if (!rightPad && right.color == added) {
-      EXPECT_TRUE(leftPad);
-    } else if (!leftPad && !rightPad && left.color != replace && right.color != replace) {
-      EXPECT_STREQ(leftText.GetString(), rightText.GetString());
+  for (int row = 1; row < panes.Left().GetLineCount(); ++row) {
+    bool pad[2];
+    vn::test::LineFormat format[2];
+    CString text[2];
+    for (int side = 0; side < 2; ++side) {
+      pad[side] = sides[side].padding.count(row) != 0;
+      format[side] = FormatOfLine(sides[side].edit, row);
+      sides[side].edit.GetPaneLine(row - 1, text[side]);
+      if (!pad[side])
+        seen.insert(format[side].color);
+    }
+    if (!pad[0] && format[0].color == removed) {
+      EXPECT_TRUE(format[0].struck && pad[1]) << row;
+    } else if (!pad[1] && format[1].color == added) {
+      EXPECT_TRUE(pad[0]) << row;
+    } else if (!pad[0] && !pad[1] && format[0].color != replace && format[1].color != replace) {
+      EXPECT_STREQ(text[0].GetString(), text[1].GetString()) << row;
     }
   }
   EXPECT_TRUE(seen.count(replace) && seen.count(removed) && seen.count(added))

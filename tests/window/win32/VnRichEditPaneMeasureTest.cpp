@@ -41,10 +41,12 @@ std::wstring NumberedRows(int count) {
 
 //===-- Rows -----------------------------------------------------------------===//
 
-TEST(VnRichEditPaneGetVisibleLineCount, CountsWholeRowsOfTheDefaultFontInTheClientArea) {
-  for (int height : {300, 157, 40}) {
-    SCOPED_TRACE(height);
-    PaneWindows windows(true, 400, height);
+TEST(VnRichEditPaneGetVisibleLineCount, CountsWholeRowsOfThePaneFontInTheClientArea) {
+  const struct { int height; LONG twips; } cases[] = {{300, 180}, {157, 180}, {40, 180}, {300, 360}};
+  for (const auto& c : cases) {
+    SCOPED_TRACE(testing::Message() << c.height << " " << c.twips);
+    PaneWindows windows(true, 400, c.height);
+    SetPaneFont(windows, c.twips);
     windows.Fill(NumberedRows(80));
     CVnRichEditPane& edit = windows.Edit();
     // The control lays its rows out in the same font: their spacing is the
@@ -57,21 +59,6 @@ TEST(VnRichEditPaneGetVisibleLineCount, CountsWholeRowsOfTheDefaultFontInTheClie
   }
 }
 
-TEST(VnRichEditPaneGetVisibleLineCount, MeasuresAtWholePoints) {
-  PaneWindows windows(true, 400, 600);
-  const struct { LONG twips, sameAs; } cases[] = {{190, 180}, {199, 180}, {250, 240}};
-  for (const auto& c : cases) {
-    SetPaneFont(windows, c.twips);
-    int measured = windows.Edit().GetVisibleLineCount();
-    SetPaneFont(windows, c.sameAs);
-    EXPECT_EQ(windows.Edit().GetVisibleLineCount(), measured) << c.twips;
-  }
-  SetPaneFont(windows, 180);
-  int small = windows.Edit().GetVisibleLineCount();
-  SetPaneFont(windows, 360);
-  EXPECT_LT(windows.Edit().GetVisibleLineCount(), small);
-}
-
 TEST(VnRichEditPaneGetTotalLineCount, AddsDeletesOfTheFirstListAndInsertsOfTheSecond) {
   CVnDiffChangeList first, second;
   first.Add(new CVnDiffChange(CVnDiffChange::Delete, 2, 4, 0, 0));     // 3 rows
@@ -81,7 +68,8 @@ TEST(VnRichEditPaneGetTotalLineCount, AddsDeletesOfTheFirstListAndInsertsOfTheSe
   second.Add(new CVnDiffChange(CVnDiffChange::Delete, 1, 5, 0, 0));    // not counted
   second.Add(new CVnDiffChange(CVnDiffChange::FullFile, -1, -1, -1, -1));
   CVnDiffChangeList none;
-  const struct { const CPtrArray *a, *b; int total; } cases[] = {{&first, &second, 4 + 3 + 2}, {&none, &none, 4}, {&second, &first, 4 + 5 + 9}, {&first, &none, 4 + 3}};
+  const struct { const CPtrArray *a, *b; int total; } cases[] = {
+      {&first, &second, 4 + 3 + 2}, {&none, &none, 4}, {&second, &first, 4 + 5 + 9}, {&first, &none, 4 + 3}};
   PaneWindows windows;
   windows.Fill(L"a|b|c|d");
   for (const auto& c : cases)
@@ -111,10 +99,11 @@ TEST(VnRichEditPaneGetFormattedTextLength, ExpandsTabsToTheTabSize) {
 TEST(VnRichEditPaneGetFormattedTextLength, MeasuresAtWholePoints) {
   PaneWindows windows;
   CVnRichEditPane& edit = windows.Edit();
-  EXPECT_EQ(edit.GetFormattedTextLength(FontFormat(180), L"wide text"),
-            edit.GetFormattedTextLength(FontFormat(190), L"wide text"));
-  EXPECT_LT(edit.GetFormattedTextLength(FontFormat(180), L"wide text"),
-            edit.GetFormattedTextLength(FontFormat(400), L"wide text"));
+  auto width = [&](LONG twips) { return edit.GetFormattedTextLength(FontFormat(twips), L"wide text"); };
+  const struct { LONG twips, sameAs; } cases[] = {{190, 180}, {199, 180}, {250, 240}};
+  for (const auto& c : cases)
+    EXPECT_EQ(width(c.sameAs), width(c.twips)) << c.twips;
+  EXPECT_LT(width(180), width(400));
 }
 
 TEST(VnRichEditPaneGetFormattedTextLength, OutsideAPaneUsesTheDefaultTabSize) {
@@ -122,7 +111,8 @@ TEST(VnRichEditPaneGetFormattedTextLength, OutsideAPaneUsesTheDefaultTabSize) {
   PaneWindows inside;
   SetPaneFont(inside, 180, 4);
   CHARFORMATW format = FontFormat(180);
-  EXPECT_EQ(inside.Edit().GetFormattedTextLength(format, L"\tx"), outside.Edit().GetFormattedTextLength(format, L"\tx"));
+  EXPECT_EQ(inside.Edit().GetFormattedTextLength(format, L"\tx"),
+            outside.Edit().GetFormattedTextLength(format, L"\tx"));
   EXPECT_GT(outside.Edit().GetVisibleLineCount(), 0);
 }
 
