@@ -45,16 +45,11 @@ inline std::wstring Rows(CVnRichEditPane& edit) {
   return rows;
 }
 
-// "a|b|c" as the control's text, lines ended by terminator.
-inline std::wstring Text(const std::wstring& rows, const std::wstring& terminator = L"\r\n") {
-  std::wstring text;
-  for (wchar_t c : rows) {
-    if (c == L'|')
-      text += terminator;
-    else
-      text += c;
-  }
-  return text;
+// "a|b|c" as the control's text, lines ended by CR LF.
+inline std::wstring Text(std::wstring rows) {
+  for (size_t at; (at = rows.find(L'|')) != std::wstring::npos;)
+    rows.replace(at, 1, L"\r\n");
+  return rows;
 }
 
 struct LineFormat {
@@ -92,29 +87,21 @@ inline CHARFORMATW ColorFormat(COLORREF color, bool strike = false) {
 // faces metric-compatible with it.
 inline const wchar_t* FixedPitchFace() {
   static const wchar_t* face = [] {
-    static const wchar_t* const kFaces[] = {L"Courier New", L"Liberation Mono", L"DejaVu Sans Mono"};
     HDC dc = ::GetDC(nullptr);
-    const wchar_t* found = kFaces[0];
-    for (const wchar_t* candidate : kFaces) {
-      LOGFONTW lf = {};
-      lf.lfHeight = -12;
-      ::lstrcpynW(lf.lfFaceName, candidate, LF_FACESIZE);
-      HFONT font = ::CreateFontIndirectW(&lf);
-      HGDIOBJ old = ::SelectObject(dc, font);
+    const wchar_t* found = nullptr;
+    for (const wchar_t* candidate : {L"Courier New", L"Liberation Mono", L"DejaVu Sans Mono"}) {
+      HGDIOBJ old = ::SelectObject(dc, ::CreateFontW(-12, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, candidate));
       wchar_t given[LF_FACESIZE] = {};
       ::GetTextFaceW(dc, LF_FACESIZE, given);
       TEXTMETRICW tm = {};
       ::GetTextMetricsW(dc, &tm);
-      ::SelectObject(dc, old);
-      ::DeleteObject(font);
+      ::DeleteObject(::SelectObject(dc, old));
       // TMPF_FIXED_PITCH set means variable pitch.
-      if (::lstrcmpiW(given, candidate) == 0 && !(tm.tmPitchAndFamily & TMPF_FIXED_PITCH)) {
+      if (!found && ::lstrcmpiW(given, candidate) == 0 && !(tm.tmPitchAndFamily & TMPF_FIXED_PITCH))
         found = candidate;
-        break;
-      }
     }
     ::ReleaseDC(nullptr, dc);
-    return found;
+    return found ? found : L"Courier New";
   }();
   return face;
 }
