@@ -41,11 +41,11 @@ TEST(CMenuTest, ReadsItemsByPositionAndCommand) {
   ASSERT_EQ(TRUE, menu.Attach(::CreatePopupMenu()));
   ::AppendMenuW(menu, MF_STRING, 11, L"&Open");
   ::AppendMenuW(menu, MF_STRING, 12, L"&Close");
-  EXPECT_EQ(2, menu.GetMenuItemCount());
-  EXPECT_EQ(12u, menu.GetMenuItemID(1));
   CString text;
   EXPECT_EQ(5, menu.GetMenuString(11, text, MF_BYCOMMAND));
   EXPECT_EQ(0, text.Compare(L"&Open"));
+  EXPECT_EQ(6, menu.GetMenuString(1, text, MF_BYPOSITION));
+  EXPECT_EQ(0, text.Compare(L"&Close"));
   EXPECT_EQ(0, menu.GetMenuString(99, text, MF_BYCOMMAND));
   EXPECT_TRUE(text.IsEmpty());
 }

@@ -62,12 +62,9 @@ TEST_F(CRichEditCtrlTest, TextLengthInCharactersOrWithCrLfMarks) {
   }
 }
 
-TEST_F(CRichEditCtrlTest, SelectionTypeClearAndPositionsOfCharacters) {
+TEST_F(CRichEditCtrlTest, ClearsTheSelectionAndPlacesCharacters) {
   m_edit.SetWindowText(L"abc\r\ndef");
-  m_edit.SetSel(1, 1);
-  EXPECT_EQ(SEL_EMPTY, m_edit.GetSelectionType());
   m_edit.SetSel(1, 2);
-  EXPECT_NE(0, m_edit.GetSelectionType() & SEL_TEXT);
   m_edit.Clear();
   EXPECT_EQ(6, m_edit.GetTextLengthEx(GTL_NUMCHARS | GTL_PRECISE));  // "ac", the mark, "def"
   CPoint first = m_edit.PosFromChar(0), second = m_edit.PosFromChar(1), below = m_edit.PosFromChar(3);

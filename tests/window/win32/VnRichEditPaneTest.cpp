@@ -59,9 +59,6 @@ TEST(VnRichEditPaneClass, PaneAndPaneWindowAreMadeByTheirRuntimeClass) {
     EXPECT_EQ(c.cls, made->GetRuntimeClass());
     EXPECT_TRUE(made->IsKindOf(c.base));
   }
-  std::unique_ptr<CVnRichEditPane> pane(static_cast<CVnRichEditPane*>(RUNTIME_CLASS(CVnRichEditPane)->CreateObject()));
-  ASSERT_TRUE(pane->Create(kPaneChildStyle, RECT{0, 0, 200, 100}, &HostWindow(), 3));
-  EXPECT_EQ(pane.get(), CWnd::FromHandlePermanent(pane->GetSafeHwnd()));  // its messages come to the object
 }
 
 //===-- The terminator and the line index ------------------------------------===//
