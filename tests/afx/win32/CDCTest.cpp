@@ -1,8 +1,8 @@
-// CDCTest.cpp - device contexts, fonts by point size and the geometry
-// records, against the real GDI.
-#include "afx/win32/CDC.h"
+// CDCTest.cpp - fonts by point size and the geometry records, against the
+// real GDI.  What a device context measures in them is checked through the
+// panes' widths (VnRichEditPaneMeasureTest).
 #include "afx/win32/CFont.h"
-#include "afx/win32/CWnd.h"
+#include "afx/win32/CGeometry.h"
 
 #include <gtest/gtest.h>
 
@@ -33,27 +33,6 @@ TEST(CFont, ALongFaceNameIsCutAndAHeldFontIsNotReplaced) {
   HGDIOBJ held = font.m_hObject;
   EXPECT_FALSE(font.CreatePointFont(200, L"Liberation Mono"));
   EXPECT_EQ(held, font.m_hObject);
-}
-
-TEST(CDC, MeasuresTextInTheSelectedFont) {
-  RECT frame = {0, 0, 200, 100};
-  CWnd wnd;
-  ASSERT_TRUE(wnd.CreateEx(0, nullptr, L"dc", WS_OVERLAPPEDWINDOW, frame, nullptr, 0));
-  CClientDC dc(&wnd);
-  ASSERT_NE(nullptr, dc.GetSafeHdc());
-  CFont small, large;
-  ASSERT_TRUE(small.CreatePointFont(90, L"Liberation Mono"));
-  ASSERT_TRUE(large.CreatePointFont(180, L"Liberation Mono"));
-  HGDIOBJ original = dc.SelectObject(&small);
-  int smallWidth = dc.GetTextExtent(L"abcd", 4).cx;
-  EXPECT_EQ(small.m_hObject, dc.SelectObject(&large));
-  EXPECT_GT(dc.GetTextExtent(L"abcd", 4).cx, smallWidth);
-  EXPECT_EQ(0, dc.GetTextExtent(L"", 0).cx);
-  // One tab stop: tabs run to its multiples.
-  int stop = 40;
-  EXPECT_EQ(40, dc.GetTabbedTextExtent(L"\t", 1, 1, &stop).cx);
-  EXPECT_EQ(80, dc.GetTabbedTextExtent(L"\t\t", 2, 1, &stop).cx);
-  EXPECT_EQ(large.m_hObject, dc.SelectObject(original));
 }
 
 TEST(CGeometry, PackedSizesAreSignedHalves) {
