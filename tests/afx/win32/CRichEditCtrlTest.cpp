@@ -53,7 +53,8 @@ TEST_F(CRichEditCtrlTest, SelectsAndReplacesText) {
 }
 
 TEST_F(CRichEditCtrlTest, TextLengthInCharactersOrWithCrLfMarks) {
-  const struct { const wchar_t* text; long characters, withCrLf; } cases[] = {{L"", 0, 0}, {L"ab", 2, 2}, {L"ab\r\ncd", 5, 6}, {L"a\r\n\r\n", 3, 5}};
+  const struct { const wchar_t* text; long characters, withCrLf; } cases[] = {
+      {L"", 0, 0}, {L"ab", 2, 2}, {L"ab\r\ncd", 5, 6}, {L"a\r\n\r\n", 3, 5}};
   for (const auto& c : cases) {
     SCOPED_TRACE(c.characters);
     m_edit.SetWindowText(c.text);
@@ -83,7 +84,8 @@ TEST_F(CRichEditCtrlTest, CharacterFormatOfTheSelectionRoundTrips) {
   red.crTextColor = 0x0000FF;
   EXPECT_TRUE(m_edit.SetSelectionCharFormat(red));
   EXPECT_EQ(sizeof(CHARFORMATW), red.cbSize);
-  const struct { long start, end; bool uniform, struck; } cases[] = {{6, 9, true, true}, {0, 5, true, false}, {0, 9, false, false}};
+  const struct { long start, end; bool uniform, struck; } cases[] = {
+      {6, 9, true, true}, {0, 5, true, false}, {0, 9, false, false}};
   for (const auto& c : cases) {
     SCOPED_TRACE(c.start);
     m_edit.SetSel(c.start, c.end);

@@ -50,8 +50,8 @@ const wchar_t kTarget[] =
 struct SideBySide {
   struct Frame : CWnd {
     Frame() {
-      RECT rect = {0, 0, 1000, 330};
-      EXPECT_TRUE(CreateEx(0, nullptr, L"", WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN, rect, &vn::test::HostWindow(), 10));
+      const DWORD style = WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN;
+      EXPECT_TRUE(CreateEx(0, nullptr, L"", style, RECT{0, 0, 1000, 330}, &vn::test::HostWindow(), 10));
     }
   } frame;  // made before the panes that go in it
   vn::test::PaneWindows left{true, 498, 330, &frame, 0}, right{true, 498, 330, &frame, 502};

@@ -333,7 +333,8 @@ TEST(VnRichEditPaneGetPaneLine, ReadsALineWithoutItsTerminatorAndNoLinePastTheEn
 }
 
 TEST(VnRichEditPaneGetMaxLineLength, GivesTheLongestLine) {
-  const struct { const wchar_t* rows; int longest; } cases[] = {{L"", 0}, {L"ab|abcd|a", 4}, {L"abc||", 3}, {L"\tx", 2}};
+  const struct { const wchar_t* rows; int longest; } cases[] = {
+      {L"", 0}, {L"ab|abcd|a", 4}, {L"abc||", 3}, {L"\tx", 2}};
   for (const auto& c : cases) {
     PaneWindows windows;
     windows.Fill(c.rows);
