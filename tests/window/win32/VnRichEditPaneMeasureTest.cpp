@@ -78,7 +78,7 @@ TEST(VnRichEditPaneGetTotalLineCount, AddsDeletesOfTheFirstListAndInsertsOfTheSe
 
 //===-- Widths ---------------------------------------------------------------===//
 
-TEST(VnRichEditPaneGetFormattedTextLength, ExpandsTabsToTheTabSize) {
+TEST(VnRichEditPaneGetFormattedTextLength, ExpandsTabsToTheTabSizeAndMeasuresAtWholePoints) {
   PaneWindows windows;
   CVnRichEditPane& edit = windows.Edit();
   CHARFORMATW format = FontFormat(180);
@@ -94,11 +94,7 @@ TEST(VnRichEditPaneGetFormattedTextLength, ExpandsTabsToTheTabSize) {
   EXPECT_EQ(2 * tab4, twoTabs4);
   EXPECT_EQ(tab4, shortThenTab);  // a tab runs to the next stop
   EXPECT_GT(edit.GetFormattedTextLength(format, L"abcdefgh"), edit.GetFormattedTextLength(format, L"abcd"));
-}
-
-TEST(VnRichEditPaneGetFormattedTextLength, MeasuresAtWholePoints) {
-  PaneWindows windows;
-  CVnRichEditPane& edit = windows.Edit();
+  // Fonts are made at whole points.
   auto width = [&](LONG twips) { return edit.GetFormattedTextLength(FontFormat(twips), L"wide text"); };
   const struct { LONG twips, sameAs; } cases[] = {{190, 180}, {199, 180}, {250, 240}};
   for (const auto& c : cases)
@@ -157,15 +153,7 @@ TEST(VnRichEditPaneGetCurrentCaret, TellsTheLineAndColumnOfTheCaret) {
   }
 }
 
-TEST(VnRichEditPaneGetFirstVisibleChar, WithoutTheFocusGivesTheLastStoredColumn) {
-  PaneWindows windows;
-  windows.Fill(L"abc");
-  HostWindow().SetFocus();
-  windows.Edit().m_nFirstVisibleChar = 7;
-  EXPECT_EQ(7, windows.Edit().GetFirstVisibleChar());
-}
-
-TEST(VnRichEditPaneGetFirstVisibleChar, WorksOutTheLeftColumnFromTheCaret) {
+TEST(VnRichEditPaneGetFirstVisibleChar, WorksOutTheLeftColumnFromTheCaretOrWithoutTheFocusGivesTheStoredOne) {
   PaneWindows windows(true, 300, 200);
   windows.Fill(std::wstring(200, L'x') + L"|\tab|short");
   CVnRichEditPane& edit = windows.Edit();
@@ -184,6 +172,9 @@ TEST(VnRichEditPaneGetFirstVisibleChar, WorksOutTheLeftColumnFromTheCaret) {
   EXPECT_NE(0, firstInView);
   EXPECT_EQ(firstInView, edit.GetFirstVisibleChar());
   EXPECT_EQ(firstInView, edit.m_nFirstVisibleChar);
+  HostWindow().SetFocus();
+  edit.m_nFirstVisibleChar = 7;
+  EXPECT_EQ(7, edit.GetFirstVisibleChar());
 }
 
 }  // namespace
