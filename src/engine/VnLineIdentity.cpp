@@ -172,10 +172,10 @@ CVnClassTable::CVnClassTable(uint32_t size, const CVnLineFlags& flags)
   assert(size > 0 && "the table always has the five spare buckets");
   const size_t bucketBytes = (sizeof(uint32_t) * size + alignof(CVnEquivalence) - 1) & ~(alignof(CVnEquivalence) - 1);
   const size_t bytes = bucketBytes + sizeof(CVnEquivalence) * size;
-  m_block = VnNewLargeBuffer(bytes, bytes);
-  m_buckets = reinterpret_cast<uint32_t*>(m_block.start);
+  m_block = CVnLargeBuffer(bytes, bytes);
+  m_buckets = reinterpret_cast<uint32_t*>(m_block.Start());
   memset(m_buckets, 0, sizeof(uint32_t) * size);
-  m_pool = reinterpret_cast<CVnEquivalence*>(m_block.start + bucketBytes);
+  m_pool = reinterpret_cast<CVnEquivalence*>(m_block.Start() + bucketBytes);
 }
 
 int32_t CVnClassTable::ClassOf(const CVnLineSlot& slot) {

@@ -563,7 +563,7 @@ bool CVnDiffFile::StreamAscii(CVnFile& file) {
   if (size == 0 || size > kStreamLimit || !AsciiIsIdentity(page))
     return false;
   const size_t capacity = 4 * static_cast<size_t>(size);
-  CVnLargeBuffer out = VnNewLargeBuffer(capacity, 2 * static_cast<size_t>(size));  // at least this much is written
+  CVnLargeBuffer out(capacity, 2 * static_cast<size_t>(size));  // at least this much is written
   static const unsigned long kChunk = 1ul << 16;
   std::unique_ptr<unsigned char[]> chunk(new unsigned char[kChunk + 1]);
   unsigned long remaining = size, carry = 0;
@@ -581,19 +581,21 @@ bool CVnDiffFile::StreamAscii(CVnFile& file) {
     const unsigned long avail = carry + n;
     const unsigned char last = chunk[avail - 1];
     carry = remaining > 0 ? LoneEndAtTheEnd(chunk.get(), avail) : 0;
-    w += WidenAndRepair(chunk.get(), avail - carry, out.start + w, kinds);
+    out.WillWrite(w + 4 * static_cast<size_t>(avail));
+    w += WidenAndRepair(chunk.get(), avail - carry, out.Start() + w, kinds);
     chunk[0] = last;
   }
   if (carry)
-    w += WidenAndRepair(chunk.get(), 1, out.start + w, kinds);
+    w += WidenAndRepair(chunk.get(), 1, out.Start() + w, kinds);
   assert(w <= capacity && "four bytes out for every byte in at most");
+  out.Written(w);
   m_nFileType = TypeText;
   m_nEncoding = EncodingNone;
   m_nCodePage = page;
   m_bHasBOM = false;
-  m_nBufferSize = out.size;
-  m_pText = out.start;
-  m_pBuffer = out.base.release();
+  m_nBufferSize = out.Allocated();
+  m_pText = out.Start();
+  m_pBuffer = out.Release();
   m_dwTextLength = static_cast<uint32_t>(w);
   m_nLineEnds = kinds | EndsKnown;
   return true;
@@ -616,13 +618,15 @@ bool CVnDiffFile::DecodeAsciiRepaired(const unsigned char* in, unsigned long inS
   if (!AsciiIsIdentity(page) || memchr(start, 0, rest) || !ScanAscii(start, rest, bound))
     return false;
   const size_t capacity = 2 * (static_cast<size_t>(rest) + bound);
-  CVnLargeBuffer out = VnNewLargeBuffer(capacity, capacity);
+  CVnLargeBuffer out(capacity, 0);
+  out.WillWrite(capacity);
   unsigned kinds = 0;
-  const unsigned long length = WidenAndRepair(start, rest, out.start, kinds);
+  const unsigned long length = WidenAndRepair(start, rest, out.Start(), kinds);
   assert(length <= capacity && "the bound covers every line end that grows");
-  m_nBufferSize = out.size;
-  m_pText = out.start;
-  m_pBuffer = out.base.release();
+  out.Written(length);
+  m_nBufferSize = out.Allocated();
+  m_pText = out.Start();
+  m_pBuffer = out.Release();
   m_dwTextLength = static_cast<uint32_t>(length);
   m_nLineEnds = kinds | EndsKnown;
   return true;

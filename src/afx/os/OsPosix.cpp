@@ -528,6 +528,14 @@ size_t LargePageSize() {
 #endif
 }
 
+void DiscardPages(void* p, size_t n) {
+  const uintptr_t small = static_cast<uintptr_t>(sysconf(_SC_PAGESIZE));
+  const uintptr_t begin = (reinterpret_cast<uintptr_t>(p) + small - 1) & ~(small - 1);
+  const uintptr_t end = (reinterpret_cast<uintptr_t>(p) + n) & ~(small - 1);
+  if (end > begin)
+    ::madvise(reinterpret_cast<void*>(begin), end - begin, MADV_DONTNEED);
+}
+
 void PrepareLargeWrite(void* p, size_t n) {
 #if defined(MADV_HUGEPAGE)
   const uintptr_t kHuge = LargePageSize();

@@ -91,6 +91,10 @@ bool DiskFreeSpace(LPCWSTR path, uint64_t& freeToCaller);
 void PrepareLargeWrite(void* p, size_t n);
 // The size of those large pages, or 0 where PrepareLargeWrite does nothing.
 size_t LargePageSize();
+// The n bytes at p hold nothing worth keeping: the small pages wholly inside
+// go back to the system and read as zeros when touched again.  Splits a
+// large page that the range cuts.  Does nothing where there is no such call.
+void DiscardPages(void* p, size_t n);
 
 }  // namespace os
 }  // namespace vn

@@ -154,6 +154,7 @@ bool DiskFreeSpace(LPCWSTR path, uint64_t& freeToCaller) {
 // Large pages on Windows need a privilege ordinary users lack.
 void PrepareLargeWrite(void*, size_t) {}
 size_t LargePageSize() { return 0; }
+void DiscardPages(void*, size_t) {}
 
 }  // namespace os
 }  // namespace vn
