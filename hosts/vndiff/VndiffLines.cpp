@@ -135,27 +135,15 @@ std::vector<Span> ToSpans(const CVnDiffChangeList& changes, bool join) {
   return spans;
 }
 
-// The partner of source line `line` (0-based, in no span) on the target side,
-// and how many spans stand before it.
-static long PartnerOfSource(const std::vector<Span>& spans, long line, size_t& before) {
+// The partner on the other side of line `line` (0-based, in no span) of
+// the source (ofSource) or the target, and how many spans stand before it.
+static long PartnerOf(const std::vector<Span>& spans, bool ofSource, long line, size_t& before) {
   long offset = 0;
   before = 0;
   for (const Span& s : spans) {
-    if (s.srcBegin > line)
+    if ((ofSource ? s.srcBegin : s.tgtBegin) > line)
       break;
-    offset += s.tgtCount - s.srcCount;
-    ++before;
-  }
-  return line + offset;
-}
-
-static long PartnerOfTarget(const std::vector<Span>& spans, long line, size_t& before) {
-  long offset = 0;
-  before = 0;
-  for (const Span& s : spans) {
-    if (s.tgtBegin > line)
-      break;
-    offset += s.srcCount - s.tgtCount;
+    offset += ofSource ? s.tgtCount - s.srcCount : s.srcCount - s.tgtCount;
     ++before;
   }
   return line + offset;
@@ -179,12 +167,12 @@ void AddFinalNewlineChange(const InputText& source, const InputText& target, CVn
   size_t before = 0;
   CVnDiffChange* change = nullptr;
   if (!tgtCovered) {
-    const long partner = PartnerOfTarget(spans, n1 - 1, before);
+    const long partner = PartnerOf(spans, false, n1 - 1, before);
     const bool partnerEnd = partner < n0 - 1 || sourceEnd;
     if (partnerEnd != targetEnd)
       change = new CVnDiffChange(CVnDiffChange::Change, partner + 1, partner + 1, n1, n1);
   } else if (!srcCovered) {
-    const long partner = PartnerOfSource(spans, n0 - 1, before);
+    const long partner = PartnerOf(spans, true, n0 - 1, before);
     const bool partnerEnd = partner < n1 - 1 || targetEnd;
     if (partnerEnd != sourceEnd)
       change = new CVnDiffChange(CVnDiffChange::Change, n0, n0, partner + 1, partner + 1);
