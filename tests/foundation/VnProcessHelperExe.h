@@ -2,11 +2,13 @@
 //
 // vn_settings_helper.exe, a console program, and vn_settings_gui_helper.exe,
 // the same as a windowed program (tests/options/helper), are built beside the
-// test executables.
+// test executables.  RunHelper starts the console one through RunApp,
+// hidden, and waits for its exit code.
 #ifndef VN_TESTS_FOUNDATION_VNPROCESSHELPEREXE_H
 #define VN_TESTS_FOUNDATION_VNPROCESSHELPEREXE_H
 
 #include "afx/afx.h"
+#include "foundation/VnProcess.h"
 
 namespace vn {
 namespace test {
@@ -23,6 +25,10 @@ inline CString HelperCommand(bool windowed = false) {
 inline bool HelperExists(bool windowed = false) {
   CString cmd = HelperCommand(windowed);
   return GetFileAttributesW(cmd.Mid(1, cmd.GetLength() - 2)) != INVALID_FILE_ATTRIBUTES;
+}
+
+inline long RunHelper(const CString& args) {
+  return RunApp(HelperCommand() + _T(" ") + args, 0, 1, 0, 0);
 }
 
 }  // namespace test
