@@ -5,8 +5,11 @@
 // this executable replaces operator new and delete, so each case reports the
 // peak of heap bytes that Compare held above what was live before the call
 // (peak_MB), and what the two line sets themselves cost (sets_MB, the line
-// records' pool blocks included).  Run one case per process under
-// /usr/bin/time -v for the whole process's peak.
+// records' pool blocks included).  These are bytes allocated: the class
+// table's block counts with the slack that puts it on a large-page boundary
+// and its nodes that are never touched, neither of which is ever resident.
+// Run one case per process under /usr/bin/time -v for the whole process's
+// resident peak.
 //
 // Inputs: code-like lines ("    value_17 = compute(17, 42);"), with blank
 // lines and lone braces in the share real sources have.
