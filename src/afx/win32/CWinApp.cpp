@@ -3,7 +3,7 @@
 
 #include <cassert>
 
-IMPLEMENT_DYNAMIC(CWinApp, CObject)
+IMPLEMENT_DYNAMIC(CWinApp, CCmdTarget)
 
 static CWinApp* g_pApp = nullptr;
 

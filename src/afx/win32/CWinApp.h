@@ -10,10 +10,11 @@
 #define VN_AFX_WIN32_CWINAPP_H
 
 #include "afx/afx.h"
+#include "afx/win32/CCmdTarget.h"
 
 class CWnd;
 
-class VN_API CWinApp : public CObject {
+class VN_API CWinApp : public CCmdTarget {
   DECLARE_DYNAMIC(CWinApp)
 public:
   explicit CWinApp(LPCWSTR appName = nullptr);

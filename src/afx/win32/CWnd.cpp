@@ -10,7 +10,7 @@
 
 #include <cassert>
 
-IMPLEMENT_DYNAMIC(CWnd, CObject)
+IMPLEMENT_DYNAMIC(CWnd, CCmdTarget)
 
 static const WCHAR kObjectProperty[] = L"VnReconcile.CWnd";
 
@@ -35,6 +35,16 @@ void CWnd::Untie() {
   m_hWnd = nullptr;
 }
 
+namespace {
+// The message being handled on this thread, for Default.
+struct CurrentMessage {
+  UINT message;
+  WPARAM wParam;
+  LPARAM lParam;
+};
+thread_local CurrentMessage t_current = {0, 0, 0};
+}  // namespace
+
 // Until WM_NCCREATE ties the object, messages (WM_GETMINMAXINFO comes first)
 // get the default treatment.  WM_NCDESTROY is the last message: the object
 // lets go of the handle before its PostNcDestroy, which may delete it.
@@ -47,7 +57,10 @@ LRESULT CALLBACK CWnd::StaticWindowProc(HWND hWnd, UINT message, WPARAM wParam, 
   }
   if (!wnd)
     return ::DefWindowProcW(hWnd, message, wParam, lParam);
+  CurrentMessage saved = t_current;
+  t_current = {message, wParam, lParam};
   LRESULT result = wnd->WindowProc(message, wParam, lParam);
+  t_current = saved;
   if (message == WM_NCDESTROY) {
     WNDPROC super = wnd->m_pfnSuper;
     wnd->m_pfnSuper = nullptr;
@@ -60,16 +73,78 @@ LRESULT CALLBACK CWnd::StaticWindowProc(HWND hWnd, UINT message, WPARAM wParam, 
 }
 
 LRESULT CWnd::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
+  LRESULT result = 0;
+  if (OnWndMsg(message, wParam, lParam, &result))
+    return result;
+  return DefWindowProc(message, wParam, lParam);
+}
+
+BOOL CWnd::OnWndMsg(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) {
+  if (message == WM_COMMAND) {
+    *result = 0;
+    return OnCommand(wParam, lParam);
+  }
+  if (message == WM_NOTIFY)
+    return OnNotify(wParam, lParam, result);
+  if (const AFX_MSGMAP_ENTRY* entry = FindMessageEntry(message)) {
+    *result = entry->pfn(this, wParam, lParam);
+    return TRUE;
+  }
   switch (message) {
   case WM_CLOSE:
     OnClose();
-    return 0;
+    *result = 0;
+    return TRUE;
   case WM_HSCROLL:
   case WM_VSCROLL:
-    return DispatchScroll(message, wParam, lParam);
+    *result = DispatchScroll(message, wParam, lParam);
+    return TRUE;
   default:
-    return DefWindowProc(message, wParam, lParam);
+    return FALSE;
   }
+}
+
+//===-- Commands, notifications and their reflection ----------------------===//
+
+BOOL CWnd::ReflectToChild(HWND child, UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) {
+  CWnd* wnd = FromHandlePermanent(child);
+  return wnd && wnd->OnChildNotify(message, wParam, lParam, result);
+}
+
+// Accelerators send code 1; they are commands like menu items.
+BOOL CWnd::OnCommand(WPARAM wParam, LPARAM lParam) {
+  UINT id = LOWORD(wParam);
+  int code = HIWORD(wParam);
+  HWND control = reinterpret_cast<HWND>(lParam);
+  if (control) {
+    LRESULT ignored = 0;
+    if (ReflectToChild(control, WM_COMMAND, wParam, lParam, &ignored))
+      return TRUE;
+  } else if (code == 1) {
+    code = CN_COMMAND;
+  }
+  return OnCmdMsg(id, code, nullptr, nullptr);
+}
+
+BOOL CWnd::OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* result) {
+  const NMHDR* header = reinterpret_cast<const NMHDR*>(lParam);
+  *result = 0;
+  if (ReflectToChild(header->hwndFrom, WM_NOTIFY, wParam, lParam, result))
+    return TRUE;
+  const AFX_MSGMAP_ENTRY* entry = FindCodeEntry(WM_NOTIFY, header->code, static_cast<UINT>(header->idFrom));
+  if (!entry)
+    return FALSE;
+  entry->pfn(this, reinterpret_cast<WPARAM>(result), lParam);
+  return TRUE;
+}
+
+BOOL CWnd::OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) {
+  UINT code = message == WM_NOTIFY ? reinterpret_cast<const NMHDR*>(lParam)->code : HIWORD(wParam);
+  const AFX_MSGMAP_ENTRY* entry = FindCodeEntry(WM_REFLECT_BASE + message, code, 0);
+  if (!entry)
+    return FALSE;
+  entry->pfn(this, reinterpret_cast<WPARAM>(result), lParam);
+  return TRUE;
 }
 
 namespace {
@@ -97,6 +172,35 @@ LRESULT CWnd::DispatchScroll(UINT message, WPARAM wParam, LPARAM lParam) {
 }
 
 void CWnd::OnClose() { DefWindowProc(WM_CLOSE, 0, 0); }
+
+LRESULT CWnd::Default() { return DefWindowProc(t_current.message, t_current.wParam, t_current.lParam); }
+
+int CWnd::OnCreate(LPCREATESTRUCTW) { return static_cast<int>(Default()); }
+void CWnd::OnDestroy() { Default(); }
+void CWnd::OnSize(UINT, int, int) { Default(); }
+void CWnd::OnSizing(UINT, LPRECT) { Default(); }
+void CWnd::OnGetMinMaxInfo(MINMAXINFO*) { Default(); }
+void CWnd::OnShowWindow(BOOL, UINT) { Default(); }
+void CWnd::OnActivate(UINT, CWnd*, BOOL) { Default(); }
+void CWnd::OnSetFocus(CWnd*) { Default(); }
+void CWnd::OnKillFocus(CWnd*) { Default(); }
+void CWnd::OnPaint() { Default(); }
+BOOL CWnd::OnEraseBkgnd(CDC*) { return static_cast<BOOL>(Default()); }
+void CWnd::OnSysColorChange() { Default(); }
+void CWnd::OnTimer(UINT_PTR) { Default(); }
+BOOL CWnd::OnMouseWheel(UINT, short, CPoint) { return static_cast<BOOL>(Default()); }
+void CWnd::OnLButtonDown(UINT, CPoint) { Default(); }
+void CWnd::OnLButtonUp(UINT, CPoint) { Default(); }
+void CWnd::OnLButtonDblClk(UINT, CPoint) { Default(); }
+void CWnd::OnMouseMove(UINT, CPoint) { Default(); }
+BOOL CWnd::OnSetCursor(CWnd*, UINT, UINT) { return static_cast<BOOL>(Default()); }
+void CWnd::OnCaptureChanged(CWnd*) { Default(); }
+LRESULT CWnd::OnNcHitTest(CPoint) { return Default(); }
+void CWnd::OnKeyDown(UINT, UINT, UINT) { Default(); }
+void CWnd::OnChar(UINT, UINT, UINT) { Default(); }
+void CWnd::OnContextMenu(CWnd*, CPoint) { Default(); }
+BOOL CWnd::OnHelpInfo(HELPINFO*) { return static_cast<BOOL>(Default()); }
+void CWnd::OnInitMenuPopup(CMenu*, UINT, BOOL) { Default(); }
 
 void CWnd::OnHScroll(UINT code, UINT pos, CScrollBar* bar) {
   DefWindowProc(WM_HSCROLL, MAKEWPARAM(code, pos), reinterpret_cast<LPARAM>(bar ? bar->m_hWnd : nullptr));

@@ -8,18 +8,29 @@
 // calls its virtual WindowProc.  A window of a system class (a control) can
 // join the same way after creation through SubclassWindow; its original
 // procedure then does the default work.  Wrapper methods are one assert and
-// one message.  WM_CLOSE, WM_HSCROLL and WM_VSCROLL reach the overridable
-// handlers OnClose, OnHScroll and OnVScroll; their defaults pass the message
-// on to the default procedure as it came.
+// one message.
+//
+// WindowProc offers each message to OnWndMsg: WM_COMMAND goes to OnCommand
+// and the command routing, WM_NOTIFY to OnNotify, and every other message
+// to the first matching entry of the class's message map (CCmdTarget.h).
+// A control's WM_COMMAND or WM_NOTIFY is first reflected to the control's
+// own object (OnChildNotify), so a control class can handle its own
+// notifications.  WM_CLOSE, WM_HSCROLL and WM_VSCROLL without a map entry
+// reach the overridable handlers OnClose, OnHScroll and OnVScroll.  The
+// handlers' defaults pass the message on to the default procedure as it
+// came (Default).
 #ifndef VN_AFX_WIN32_CWND_H
 #define VN_AFX_WIN32_CWND_H
 
 #include "afx/afx.h"
+#include "afx/win32/CCmdTarget.h"
 #include "afx/win32/CGeometry.h"
 
+class CMenu;
 class CScrollBar;
+class CDC;
 
-class VN_API CWnd : public CObject {
+class VN_API CWnd : public CCmdTarget {
   DECLARE_DYNAMIC(CWnd)
 public:
   CWnd() = default;
@@ -80,6 +91,20 @@ protected:
   // Called after the last message (WM_NCDESTROY), when the handle is gone.
   virtual void PostNcDestroy() {}
   LRESULT DefWindowProc(UINT message, WPARAM wParam, LPARAM lParam);
+  // The message being handled, passed on to the default procedure.
+  LRESULT Default();
+
+  // Gives TRUE with *result set when the message was handled.
+  virtual BOOL OnWndMsg(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result);
+  // A menu item, accelerator or control notification: reflected to the
+  // control first, then routed through OnCmdMsg.
+  virtual BOOL OnCommand(WPARAM wParam, LPARAM lParam);
+  virtual BOOL OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* result);
+  // A WM_COMMAND or WM_NOTIFY this window sent its parent, handed back by
+  // the parent: the ON_CONTROL_REFLECT and ON_NOTIFY_REFLECT entries.
+  virtual BOOL OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result);
+  // Unpacks a scroll message for OnHScroll and OnVScroll.
+  LRESULT DispatchScroll(UINT message, WPARAM wParam, LPARAM lParam);
 
   // Message handlers.  bar is the scroll bar control that sent the message,
   // null for the window's own bars.
@@ -87,10 +112,39 @@ protected:
   virtual void OnHScroll(UINT code, UINT pos, CScrollBar* bar);
   virtual void OnVScroll(UINT code, UINT pos, CScrollBar* bar);
 
+  // Defaults of the handlers that message map entries name (AfxMsgMap.h):
+  // each passes the message on as it came.
+  int OnCreate(LPCREATESTRUCTW create);
+  void OnDestroy();
+  void OnSize(UINT type, int cx, int cy);
+  void OnSizing(UINT side, LPRECT rect);
+  void OnGetMinMaxInfo(MINMAXINFO* info);
+  void OnShowWindow(BOOL show, UINT status);
+  void OnActivate(UINT state, CWnd* other, BOOL minimized);
+  void OnSetFocus(CWnd* oldWnd);
+  void OnKillFocus(CWnd* newWnd);
+  void OnPaint();
+  BOOL OnEraseBkgnd(CDC* dc);
+  void OnSysColorChange();
+  void OnTimer(UINT_PTR id);
+  BOOL OnMouseWheel(UINT flags, short delta, CPoint point);
+  void OnLButtonDown(UINT flags, CPoint point);
+  void OnLButtonUp(UINT flags, CPoint point);
+  void OnLButtonDblClk(UINT flags, CPoint point);
+  void OnMouseMove(UINT flags, CPoint point);
+  BOOL OnSetCursor(CWnd* wnd, UINT hitTest, UINT message);
+  void OnCaptureChanged(CWnd* wnd);
+  LRESULT OnNcHitTest(CPoint point);
+  void OnKeyDown(UINT key, UINT repeat, UINT flags);
+  void OnChar(UINT key, UINT repeat, UINT flags);
+  void OnContextMenu(CWnd* wnd, CPoint point);
+  BOOL OnHelpInfo(HELPINFO* info);
+  void OnInitMenuPopup(CMenu* popup, UINT index, BOOL sysMenu);
+
 private:
   static LRESULT CALLBACK StaticWindowProc(HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam);
   static LPCWSTR DefaultClassName();
-  LRESULT DispatchScroll(UINT message, WPARAM wParam, LPARAM lParam);
+  static BOOL ReflectToChild(HWND child, UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result);
   void Tie(HWND hWnd);
   void Untie();
 

@@ -76,7 +76,8 @@ TEST(CWndTest, RuntimeClassDataResolvesAcrossTheDllBoundary) {
   // to it must reach the same object the DLL's own code hands out.
   EXPECT_EQ(&CObject::classCObject, RUNTIME_CLASS(CObject));
   EXPECT_EQ(&CWnd::classCWnd, RUNTIME_CLASS(CWnd));
-  EXPECT_EQ(&CObject::classCObject, CWnd::classCWnd.m_pBaseClass);
+  EXPECT_EQ(&CCmdTarget::classCCmdTarget, CWnd::classCWnd.m_pBaseClass);
+  EXPECT_EQ(&CObject::classCObject, CCmdTarget::classCCmdTarget.m_pBaseClass);
 }
 
 }  // namespace

@@ -7,8 +7,8 @@
 // and IEND.  The zlib stream here uses stored blocks only (no compression:
 // a header byte, the length and its complement, the bytes), closed by the
 // Adler-32 of the raw data.  Every reader takes it; size doesn't matter.
-#ifndef VN_TESTS_WINDOW_WIN32_SCREENSHOT_H
-#define VN_TESTS_WINDOW_WIN32_SCREENSHOT_H
+#ifndef VN_TESTS_SCREENSHOT_H
+#define VN_TESTS_SCREENSHOT_H
 
 #include <windows.h>
 
@@ -140,4 +140,4 @@ inline std::wstring ScreenshotPath(const std::wstring& name) {
 }  // namespace test
 }  // namespace vn
 
-#endif  // VN_TESTS_WINDOW_WIN32_SCREENSHOT_H
+#endif  // VN_TESTS_SCREENSHOT_H
