@@ -103,8 +103,12 @@ UINT CToolBar::GetButtonStyle(int index) const {
   return MAKELONG(button.fsStyle, button.fsState) ^ TBBS_DISABLED;
 }
 
-// Style and state are written together through the button's info record.
+// Style and state are written together through the button's info record,
+// and only when they change: the control repaints a button on every write,
+// and idle updates write every button many times a second.
 void CToolBar::SetButtonStyle(int index, UINT style) {
+  if (GetButtonStyle(index) == style)
+    return;
   TBBUTTONINFOW info = {};
   info.cbSize = sizeof(info);
   info.dwMask = TBIF_BYINDEX | TBIF_STYLE | TBIF_STATE;
