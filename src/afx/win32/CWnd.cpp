@@ -408,3 +408,8 @@ void CWnd::ShowCaret() {
   assert(::IsWindow(m_hWnd) && "the object holds a live window");
   ::ShowCaret(m_hWnd);
 }
+
+CWnd* CWnd::GetDlgItem(int id) const {
+  assert(::IsWindow(m_hWnd) && "the object holds a live window");
+  return FromHandlePermanent(::GetDlgItem(m_hWnd, id));
+}

@@ -81,6 +81,8 @@ public:
   // The caret of this thread, in the client coordinates of its window.
   static CPoint GetCaretPos();
   void ShowCaret();
+  // The child with the identifier, if an object holds it; else null.
+  CWnd* GetDlgItem(int id) const;
 
   HWND m_hWnd = nullptr;
 
