@@ -84,6 +84,15 @@ public:
   // The child with the identifier, if an object holds it; else null.
   CWnd* GetDlgItem(int id) const;
 
+  // Frames, placement and focus.
+  // Lays out the children with identifiers first..last as bars along the
+  // edges (WM_SIZEPARENT, CControlBar.h) and gives what is left of the client
+  // rectangle (or of *clientRect) to the child leftOver.  With reposQuery
+  // nothing moves: *rectParam receives what would be left.
+  enum RepositionFlags { reposDefault = 0, reposQuery = 1, reposExtra = 2 };
+  void RepositionBars(UINT first, UINT last, UINT leftOver, UINT flag = reposDefault, LPRECT rectParam = nullptr,
+                      LPCRECT clientRect = nullptr, BOOL stretch = TRUE);
+
   HWND m_hWnd = nullptr;
 
 protected:
