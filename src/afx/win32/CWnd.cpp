@@ -410,6 +410,11 @@ void CWnd::ShowCaret() {
   ::ShowCaret(m_hWnd);
 }
 
+CWnd* CWnd::GetDlgItem(int id) const {
+  assert(::IsWindow(m_hWnd) && "the object holds a live window");
+  return FromHandlePermanent(::GetDlgItem(m_hWnd, id));
+}
+
 //===-- Frames, placement and focus ----------------------------------------===//
 
 BOOL CWnd::GetWindowPlacement(WINDOWPLACEMENT* placement) const {

@@ -81,6 +81,9 @@ public:
   // The caret of this thread, in the client coordinates of its window.
   static CPoint GetCaretPos();
   void ShowCaret();
+  // The child with the identifier, if an object holds it; else null.
+  CWnd* GetDlgItem(int id) const;
+
 
   // Frames, placement and focus.
   BOOL GetWindowPlacement(WINDOWPLACEMENT* placement) const;
