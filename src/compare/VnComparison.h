@@ -93,8 +93,16 @@ public:
   // Appends line's text as UTF-8 (raw bytes as they are), without the line
   // end and without the CR the intake gave it.
   void AppendLineUtf8(long line, std::string& out) const;
+  // Appends line as a reader that splits the file's bytes at LF sees it: a
+  // CR in front when the line before ended LF CR (the intake reads LF CR as
+  // one line end), the text, then "\r\n" for a CR LF end, "\n" for any
+  // other (a lone CR ends no line for such a reader), nothing for an
+  // unterminated last line.
+  void AppendLineAsRead(long line, std::string& out) const;
 
 private:
+  void Reset();
+
   struct State;
   std::unique_ptr<State> m_pState;  // intake, owned bytes, line ends
   CString m_strPath;
@@ -136,6 +144,11 @@ struct CVnChangeSpan {
   long m_nSourceBegin, m_nSourceCount, m_nTargetBegin, m_nTargetCount;
 };
 
+// The records of Compare as spans.  An Insert or Delete names lines on one
+// side only; its place on the other comes from the running difference
+// between the two sides.  With join, records that touch form one span.
+VN_API std::vector<CVnChangeSpan> VnChangeSpans(const CVnDiffChangeList& changes, bool join);
+
 class VN_API CVnComparison {
 public:
   enum Side { Source = 0, Target = 1 };
@@ -163,6 +176,8 @@ public:
   std::vector<CVnChangeSpan> GetSpans(bool join) const;
 
 private:
+  void MatchWidths();
+
   CVnCompareOptions m_options;
   CVnComparedFile m_files[2];
   CVnDiffChangeList m_changes;
