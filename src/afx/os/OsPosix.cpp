@@ -5,6 +5,7 @@
 // exceptions carry the numbers users of the Windows build see, and
 // SystemMessage gives the Windows wording for the codes users meet.
 #include "afx/os/OsSeam.h"
+#include "afx/portable/CString.h"
 
 #include <cerrno>
 #include <clocale>
@@ -273,6 +274,11 @@ std::string WideToMultiByte(UINT codePage, const WCHAR* text, int count) {
     count = 0;
     while (text[count])
       ++count;
+  }
+  if (codePage == CP_UTF8) {  // the one encoder, which both builds share
+    std::string out;
+    VnAppendUtf8(text, static_cast<size_t>(count), out);
+    return out;
   }
   iconv_t cd = OpenIconv(IconvName(codePage), "UTF-16LE");
   if (cd == reinterpret_cast<iconv_t>(-1)) {
