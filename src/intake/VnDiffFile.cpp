@@ -21,6 +21,7 @@
 #include "intake/VnDiffFile.h"
 
 #include "afx/portable/LargeBuffer.h"
+#include "afx/portable/VnCodePages.h"
 #include "foundation/LocalResources.h"
 #include "intake/VnCPInfo.h"
 #include "intake/VnFile.h"
@@ -168,8 +169,8 @@ void GrowMarksInPlace(unsigned short* u, unsigned long n, unsigned long marks) {
 // Pages in which every byte below 0x80 is the ASCII character itself, so
 // pure ASCII input can be widened without asking the converter.
 bool AsciiIsIdentity(unsigned int cp) {
-  return cp == 65001 || (cp >= 1250 && cp <= 1258) || cp == 20127 || cp == 437 || cp == 850 ||
-         (cp >= 28591 && cp <= 28605);
+  const VnCodePage* page = VnFindCodePage(cp);
+  return page && page->asciiSame;
 }
 
 // Set bits of a mask; line ends are sparse, so the loop is short.

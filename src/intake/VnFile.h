@@ -13,7 +13,8 @@
 
 #include "afx/afx.h"
 #include "foundation/VnTime.h"
-#include "intake/VnIntakeOs.h"
+#include "afx/os/OsSeam.h"
+#include "afx/portable/COleDateTime.h"
 #include "intake/VnSmartBytePtr.h"
 
 class VN_API CVnFile : public CFile {
