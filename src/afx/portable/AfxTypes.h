@@ -183,7 +183,8 @@ struct CPINFOEXW {
 #endif  // _WIN32
 
 // The component's export annotation: every symbol of the DLL is exported by
-// the linker, so this stays empty; it marks the public surface for readers.
+// the linker, so this stays empty; it marks the public surface for readers
+// (docs/dll-boundary.md).
 #define VN_API
 
 #endif  // VN_AFX_AFXTYPES_H
