@@ -3,6 +3,8 @@
 # its objects into the component; to the component's users it passes on
 # only its include directories.
 vn_wire_layers()
+# Headers the build makes (resources/VnVersion.h) belong to the resources layer.
+target_include_directories(vn_resources INTERFACE ${CMAKE_BINARY_DIR}/generated)
 get_property(_vn_parts GLOBAL PROPERTY VN_COMPONENT_PARTS)
 
 if(WIN32)

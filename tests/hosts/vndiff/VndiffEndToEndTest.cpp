@@ -3,6 +3,8 @@
 // Each test writes files into a fresh directory, runs the built program
 // through the shell and looks at exactly what it printed and left behind.
 // GNU patch checks that normal and unified output rebuild the target.
+#include "resources/VnVersion.h"
+
 #include <gtest/gtest.h>
 
 #include <cstdio>
@@ -195,7 +197,7 @@ TEST_F(VndiffTest, HelpAndVersion) {
   EXPECT_EQ(0u, help.out.find("Usage: vndiff [OPTION]... SOURCE TARGET\n"));
   Outcome version = Vndiff("--version");
   EXPECT_EQ(0, version.status);
-  EXPECT_EQ(0u, version.out.find("vndiff (Vn Reconcile) "));
+  EXPECT_EQ("vndiff (Vn Reconcile) " VN_VERSION_TEXT "\n", version.out);
 }
 
 //===-- Encodings and binary files -----------------------------------------===//
