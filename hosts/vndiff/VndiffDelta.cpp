@@ -9,8 +9,8 @@
 //            line had none.
 // Both sides are read as raw bytes cut at LF, so the rebuild is byte for
 // byte the target.  The engine checks a delta whole before anything is
-// written (VnApplyDelta); the output goes to a temporary name beside OUT and
-// is renamed at the end, so a refused or failed rebuild leaves no partial file.
+// written (VnApplyDelta), and the output is written whole or not at all
+// (VnWriteFileWhole), so a refused or failed rebuild leaves no partial file.
 #include "VndiffHost.h"
 
 #include "engine/VnDelta.h"
@@ -126,23 +126,6 @@ void SaveDelta(const std::string& dir, const std::string& sourcePath, const std:
   WriteFile(Join(dir, "text"), text, size, Join(dir, "text"));
 }
 
-// Writes the rebuilt bytes under a temporary name beside `output`, then
-// renames; on any failure the temporary file goes away.
-static void WriteOutput(const std::string& output, const unsigned char* bytes, unsigned long size) {
-  const std::string temp = output + ".vndiff-partial";
-  try {
-    WriteFile(temp, bytes, size, output);
-    CVnFile::FileMove(Wide(output), Wide(temp), 0);
-  } catch (...) {
-    try {
-      CVnFile::FileRemove(Wide(temp));
-    } catch (CException* e) {
-      e->Delete();
-    }
-    throw;
-  }
-}
-
 void ApplyDelta(const std::string& dir, const std::string& sourcePath, const std::string& output) {
   CVnDiffChangeList records;
   LoadRecords(dir, records);
@@ -157,7 +140,11 @@ void ApplyDelta(const std::string& dir, const std::string& sourcePath, const std
   int size = 0;
   result.GetBuffer(bytes, size);
   std::unique_ptr<unsigned char[]> owned(bytes);
-  WriteOutput(output, bytes, static_cast<unsigned long>(size));
+  try {
+    VnWriteFileWhole(Wide(output), bytes, static_cast<unsigned long>(size));
+  } catch (CException* e) {
+    throw Failure(DescribeException(e, output));
+  }
 }
 
 }  // namespace vndiff

@@ -202,3 +202,26 @@ void CVnFile::VnTimeToFileTime(const CVnTime& time, FILETIME& fileTime) {
   st.wMilliseconds = 0;
   vn::os::SystemTimeToFileTime(st, fileTime);
 }
+
+// The removal of the partial file must not hide the failure that left it.
+static void RemoveQuietly(const CString& path) {
+  try {
+    CVnFile::FileRemove(path);
+  } catch (CException* e) {
+    e->Delete();
+  }
+}
+
+void VnWriteFileWhole(const CString& path, const void* data, unsigned long size) {
+  const CString partial = path + _T(".partial");
+  try {
+    CFile file(partial, CFile::modeCreate | CFile::modeWrite);
+    if (size)
+      file.Write(data, static_cast<UINT>(size));
+    file.Close();
+    CVnFile::FileMove(path, partial, 0);
+  } catch (...) {
+    RemoveQuietly(partial);
+    throw;
+  }
+}

@@ -72,4 +72,10 @@ private:
   BOOL Open(LPCWSTR, UINT, CFileException*) override { return 0; }
 };
 
+// Writes size bytes at data to path whole or not at all: under the name
+// path + ".partial" first, then moved over path.  Any failure raises
+// CFileException (or the failure that stopped it) and takes the partial
+// file away; path is then as it was.
+VN_API void VnWriteFileWhole(const CString& path, const void* data, unsigned long size);
+
 #endif  // VN_INTAKE_VNFILE_H

@@ -361,7 +361,7 @@ TEST_F(VndiffTest, DamagedDeltaIsRefusedAndLeavesNoOutput) {
     EXPECT_NE(std::string::npos, r.err.find("d: damaged delta: ")) << r.err;
     EXPECT_NE(std::string::npos, r.err.find(c.why)) << r.err;
     EXPECT_EQ("earlier", Read("out"));  // untouched
-    EXPECT_FALSE(Exists("out.vndiff-partial"));
+    EXPECT_FALSE(Exists("out.partial"));
   }
   Write("d/records", Record(3, 2, 2, 2, 2));
   Write("d/text", "B\n");
