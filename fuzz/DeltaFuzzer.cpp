@@ -62,6 +62,6 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     FUZZ_CHECK(!Exists(out));
   else
     FUZZ_CHECK(Exists(out));
-  FUZZ_CHECK(!Exists(out + ".vndiff-partial"));
+  FUZZ_CHECK(!Exists(out + ".partial"));
   return 0;
 }

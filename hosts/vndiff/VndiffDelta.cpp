@@ -8,12 +8,15 @@
 //            each with its LF, the last one without it when the target's last
 //            line had none.
 // Both sides are read as raw bytes cut at LF, so the rebuild is byte for
-// byte the target.  A delta is checked whole before anything is written; the
-// output goes to a temporary name beside OUT and is renamed at the end, so a
-// refused or failed rebuild leaves no partial file.
+// byte the target.  The engine checks a delta whole before anything is
+// written (VnApplyDelta), and the output is written whole or not at all
+// (VnWriteFileWhole), so a refused or failed rebuild leaves no partial file.
 #include "VndiffHost.h"
 
+#include "engine/VnDelta.h"
 #include "intake/VnFile.h"
+
+#include <memory>
 
 #ifdef _WIN32
 #include <direct.h>
@@ -92,69 +95,6 @@ void LoadRecords(const std::string& dir, CVnDiffChangeList& records) {
   }
 }
 
-std::string RecordText(INT_PTR k, const CVnDiffChange& c) {
-  char text[128];
-  snprintf(text, sizeof text, "record %ld (%d %ld %ld %ld %ld)", static_cast<long>(k) + 1,
-           static_cast<int>(c.GetAction()), c.StartSource(), c.EndSource(), c.StartTarget(), c.EndTarget());
-  return text;
-}
-
-// Where the rebuilt text's last line comes from, which decides its line end.
-enum class LastLine { Delta, SourceLast, SourceInner };
-
-// Checks that the records rebuild a target from a source of n0 lines with
-// `available` delta lines: known actions, ranges inside the source, both
-// sides ascending.  Gives where the result's last line comes from.
-LastLine CheckRecords(const std::string& dir, const CVnDiffChangeList& records, long n0, long available) {
-  long srcPos = 1, tgtPos = 1, used = 0;
-  LastLine last = LastLine::SourceInner;
-  for (INT_PTR k = 0; k < records.GetSize(); ++k) {
-    const CVnDiffChange& c = *records[k];
-    const long ss = c.StartSource(), es = c.EndSource(), st = c.StartTarget(), et = c.EndTarget();
-    long copied = 0;
-    switch (c.GetAction()) {
-    case CVnDiffChange::Insert:
-      if (ss != 0 || es != 0 || st < tgtPos || et < st)
-        Damaged(dir, RecordText(k, c) + " is not an ascending insertion");
-      copied = st - tgtPos;
-      if (srcPos + copied > n0 + 1)
-        Damaged(dir, RecordText(k, c) + " lies beyond the source");
-      srcPos += copied;
-      tgtPos = et + 1;
-      used += et - st + 1;
-      break;
-    case CVnDiffChange::Delete:
-      if (st != 0 || et != 0 || ss < srcPos || es < ss || es > n0)
-        Damaged(dir, RecordText(k, c) + " is not an ascending deletion inside the source");
-      copied = ss - srcPos;
-      tgtPos += copied;
-      srcPos = es + 1;
-      break;
-    case CVnDiffChange::Change:
-      if (ss < srcPos || es < ss || es > n0 || st < tgtPos || et < st || es - ss != et - st ||
-          ss - srcPos != st - tgtPos)
-        Damaged(dir, RecordText(k, c) + " is not an ascending change inside the source");
-      copied = ss - srcPos;
-      srcPos = es + 1;
-      tgtPos = et + 1;
-      used += et - st + 1;
-      break;
-    default:
-      Damaged(dir, RecordText(k, c) + " has an unknown action");
-    }
-    if (copied > 0)
-      last = LastLine::SourceInner;  // a copied line before a record is never the source's last
-    if (c.GetAction() != CVnDiffChange::Delete)
-      last = LastLine::Delta;
-  }
-  if (used != available)
-    Damaged(dir, "the delta text has " + std::to_string(available) + " lines, the records need " +
-                     std::to_string(used));
-  if (srcPos <= n0)
-    last = LastLine::SourceLast;  // the tail of the source is copied
-  return last;
-}
-
 }  // namespace
 
 // Raw bytes on both sides, line ends exact, so that the records and the
@@ -186,61 +126,25 @@ void SaveDelta(const std::string& dir, const std::string& sourcePath, const std:
   WriteFile(Join(dir, "text"), text, size, Join(dir, "text"));
 }
 
-// Writes the rebuilt bytes under a temporary name beside `output`, then
-// renames; on any failure the temporary file goes away.
-static void WriteOutput(const std::string& output, const unsigned char* bytes, unsigned long size) {
-  const std::string temp = output + ".vndiff-partial";
-  try {
-    WriteFile(temp, bytes, size, output);
-    CVnFile::FileMove(Wide(output), Wide(temp), 0);
-  } catch (...) {
-    try {
-      CVnFile::FileRemove(Wide(temp));
-    } catch (CException* e) {
-      e->Delete();
-    }
-    throw;
-  }
-}
-
-// The ending-terminator flag of the rebuilt set: the delta text's or the
-// source's when its last line is their last line, else set (a line inside a
-// file always has its line end).
-static void TakeEnding(CVnDiffArg& result, LastLine last, const CVnDiffArg& source, const CVnDiffArg& delta) {
-  bool terminated = true;
-  if (last == LastLine::Delta)
-    terminated = delta.GetFileInfo().HasEndingTerminator() != 0;
-  else if (last == LastLine::SourceLast)
-    terminated = source.GetFileInfo().HasEndingTerminator() != 0;
-  CVnFileInfo info = result.GetFileInfo();
-  info.m_nFlags &= ~static_cast<uint32_t>(CVnFileInfo::kEndingTerminator);
-  if (terminated)
-    info.m_nFlags |= CVnFileInfo::kEndingTerminator;
-  result.SetFileInfo(info);
-}
-
 void ApplyDelta(const std::string& dir, const std::string& sourcePath, const std::string& output) {
   CVnDiffChangeList records;
   LoadRecords(dir, records);
   CVnComparedFile source, delta;
   ReadRaw(source, sourcePath);
   ReadRaw(delta, Join(dir, "text"));
+  CVnDiffArg result(CVnFileInfo::Text8, 10);
+  std::string why;
+  if (!VnApplyDelta(records, source.GetLines(), delta.GetLines(), result, why))
+    Damaged(dir, why);
   unsigned char* bytes = nullptr;
   int size = 0;
-  if (records.GetSize() == 1 && records[0]->IsFullFileDelta()) {
-    delta.GetLines().GetBuffer(bytes, size);  // the delta text is the whole target
-  } else {
-    const LastLine last = CheckRecords(dir, records, source.GetLines().GetLineCount(), delta.GetLines().GetLineCount());
-    CVnDiffArg result(CVnFileInfo::Text8, 10);
-    int sourcePos = 1, targetPos = 1, deltaPos = 0;
-    for (INT_PTR k = 0; k < records.GetSize(); ++k)
-      result.ProcessChange(*records[k], source.GetLines(), delta.GetLines(), sourcePos, targetPos, deltaPos);
-    result.CopyLines(source.GetLines(), sourcePos - 1, -1);
-    TakeEnding(result, last, source.GetLines(), delta.GetLines());
-    result.GetBuffer(bytes, size);
-  }
+  result.GetBuffer(bytes, size);
   std::unique_ptr<unsigned char[]> owned(bytes);
-  WriteOutput(output, bytes, static_cast<unsigned long>(size));
+  try {
+    VnWriteFileWhole(Wide(output), bytes, static_cast<unsigned long>(size));
+  } catch (CException* e) {
+    throw Failure(DescribeException(e, output));
+  }
 }
 
 }  // namespace vndiff

@@ -6,6 +6,7 @@
 #include "VndiffHost.h"
 
 #include "afx/os/OsSeam.h"
+#include "afx/portable/VnCodePages.h"
 
 #include <cstdlib>
 #include <cstring>
@@ -14,33 +15,10 @@ namespace vndiff {
 
 namespace {
 
-struct NamedPage {
-  const char* name;
-  unsigned page;
-};
-
-const NamedPage kPageNames[] = {
-    {"utf-8", 65001},      {"utf8", 65001},         {"utf-16le", 70001},   {"utf-16", 70001},
-    {"utf16", 70001},      {"ucs-2le", 70001},      {"unicode", 70001},    {"utf-16be", 70000},
-    {"ucs-2be", 70000},    {"ascii", 20127},        {"us-ascii", 20127},   {"latin1", 28591},
-    {"latin-1", 28591},    {"koi8-r", 20866},       {"koi8-u", 21866},     {"shift_jis", 932},
-    {"shift-jis", 932},    {"sjis", 932},           {"gbk", 936},          {"gb2312", 936},
-    {"big5", 950},         {"euc-jp", 51932},       {"euc-kr", 51949},     {"gb18030", 54936},
-    {"utf-7", 65000},      {"mac", 10000},          {"macintosh", 10000},
-};
-
-std::string Lower(std::string s) {
-  for (char& c : s)
-    if (c >= 'A' && c <= 'Z')
-      c = static_cast<char>(c - 'A' + 'a');
-  return s;
-}
-
 bool AllDigits(const std::string& s) {
   return !s.empty() && s.find_first_not_of("0123456789") == std::string::npos && s.size() < 10;
 }
 
-bool StartsWith(const std::string& s, const char* prefix) { return s.compare(0, strlen(prefix), prefix) == 0; }
 
 int Number(const std::string& text, const char* what) {
   if (!AllDigits(text))
@@ -173,20 +151,7 @@ void ParseShort(const std::string& arg, const std::vector<std::string>& args, si
 }  // namespace
 
 unsigned CodePageFromName(const std::string& text) {
-  const std::string name = Lower(text);
-  unsigned page = 0;
-  if (AllDigits(name))
-    page = static_cast<unsigned>(atol(name.c_str()));
-  else if (StartsWith(name, "cp") && AllDigits(name.substr(2)))
-    page = static_cast<unsigned>(atol(name.c_str() + 2));
-  else if (StartsWith(name, "windows-") && AllDigits(name.substr(8)))
-    page = static_cast<unsigned>(atol(name.c_str() + 8));
-  else if (StartsWith(name, "iso-8859-") && AllDigits(name.substr(9)))
-    page = 28590 + static_cast<unsigned>(atol(name.c_str() + 9));
-  else
-    for (const NamedPage& p : kPageNames)
-      if (name == p.name)
-        page = p.page;
+  const unsigned page = VnCodePageFromName(text);
   if (page == 70001 || page == 70000 || page == 65001)
     return page;
   if (page == 0 || !vn::os::IsValidCodePage(page))

@@ -4,6 +4,8 @@
 // trouble (with a message on standard error).  See docs/vndiff.md.
 #include "VndiffHost.h"
 
+#include "resources/VnVersion.h"
+
 #include <cerrno>
 #ifdef __GLIBC__
 #include <malloc.h>
@@ -44,7 +46,7 @@ static int Run(const std::vector<std::string>& args) {
     fputs(UsageText(), stdout);
     return kExitSame;
   case Command::Version:
-    printf("vndiff (Vn Reconcile) %s\n", "0.1.0");
+    printf("vndiff (Vn Reconcile) %s\n", VN_VERSION_TEXT);
     return kExitSame;
   case Command::Info:
     return RunInfo(options, stdout);

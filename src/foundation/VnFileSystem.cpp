@@ -2,7 +2,7 @@
 // the free space below the root, and the throwing file wrappers.
 #include "foundation/VnFileSystem.h"
 
-#include "foundation/VnFileSystemPlatform.h"
+#include "afx/os/OsSeam.h"
 #include "foundation/VnPath.h"
 
 using namespace vn;
@@ -113,8 +113,8 @@ int CVnFileSystem::GetFileIDs(LPCWSTR path, unsigned long& id, unsigned long& se
 //===-- Free space ----------------------------------------------------------===//
 
 unsigned long CVnFileSystem::GetFreeSpace() const {
-  ULONGLONG available = 0;
-  if (!filesys::FreeBytes(m_strRoot, available) || available > 0xFFFFFFFFull)
+  uint64_t available = 0;
+  if (!vn::os::DiskFreeSpace(m_strRoot, available) || available > 0xFFFFFFFFull)
     return kNoSpace;
   return static_cast<unsigned long>(available);
 }
@@ -124,7 +124,7 @@ unsigned long CVnFileSystem::GetFreeSpace() const {
 // The last error as a CFileException naming path; a failure that left no
 // code still throws.
 [[noreturn]] static void ThrowLastError(LPCWSTR path) {
-  DWORD code = filesys::LastError();
+  DWORD code = vn::os::GetLastError();
   CFileException::ThrowOsError(static_cast<LONG>(code ? code : ERROR_INVALID_FUNCTION), path);
   AfxThrowFileException(CFileException::genericException, -1, path);
 }
@@ -138,30 +138,30 @@ void CVnFileSystem::CreateFileW(LPCWSTR path, DWORD size, const void* data) {
 }
 
 void CVnFileSystem::DeleteFileW(LPCWSTR path) {
-  if (filesys::Delete(path))
+  if (vn::os::DeleteFile(path))
     return;
-  DWORD code = filesys::LastError();
+  DWORD code = vn::os::GetLastError();
   if (code == ERROR_FILE_NOT_FOUND || code == ERROR_PATH_NOT_FOUND)
     return;
   ThrowLastError(path);
 }
 
 void CVnFileSystem::SetFileAttributesW(LPCWSTR path, DWORD attributes) {
-  if (!filesys::SetAttributes(path, attributes))
+  if (!vn::os::SetFileAttributes(path, attributes))
     ThrowLastError(path);
 }
 
 void CVnFileSystem::CopyFileW(LPCWSTR source, LPCWSTR target, int failIfExists) {
-  if (!filesys::Copy(source, target, failIfExists != 0))
+  if (!vn::os::CopyFile(source, target, failIfExists != 0))
     ThrowLastError(source);
 }
 
 void CVnFileSystem::MoveFileW(LPCWSTR source, LPCWSTR target) {
-  if (!filesys::Move(source, target))
+  if (!vn::os::MoveFile(source, target))
     ThrowLastError(source);
 }
 
 void CVnFileSystem::MakeDirectory(LPCWSTR path) {
-  if (!filesys::MakeDirectory(path))
+  if (!vn::os::CreateDirectory(path))
     ThrowLastError(path);
 }

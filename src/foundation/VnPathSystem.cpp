@@ -10,7 +10,7 @@
 #include "foundation/VnPath.h"
 
 #include "foundation/VnException.h"
-#include "foundation/VnPathPlatform.h"
+#include "afx/os/OsSeam.h"
 
 #include <cwctype>
 #include <vector>
@@ -25,12 +25,29 @@ static bool IsSep(WCHAR c) { return c == '\\' || c == '/'; }
 
 //===-- Existence -----------------------------------------------------------===//
 
+// The file opens for reading, sharing reading and writing; directories fail.
+static bool CanOpenForReading(LPCWSTR path) {
+  const vn::os::FileHandle h = vn::os::OpenFile(path, vn::os::kRead, vn::os::kOpenExisting);
+  return h != vn::os::kInvalidFile && vn::os::CloseFile(h);
+}
+
+// A new file can be created for reading and writing; it is gone again on
+// return.  An existing file is never touched.
+static bool CanCreateAndDiscard(LPCWSTR path) {
+  const vn::os::FileHandle h = vn::os::OpenFile(path, vn::os::kReadWrite, vn::os::kCreateNew);
+  if (h == vn::os::kInvalidFile)
+    return false;
+  vn::os::CloseFile(h);
+  vn::os::DeleteFile(path);
+  return true;
+}
+
 int IsDir(LPCWSTR path) {
-  DWORD attrs = pathsys::FileAttributes(path);
+  DWORD attrs = vn::os::GetFileAttributes(path);
   return attrs != kNoAttributes && (attrs & kAttrDirectory) ? 1 : 0;
 }
 
-int IsFile(LPCWSTR path) { return pathsys::CanOpenForReading(path) ? 1 : 0; }
+int IsFile(LPCWSTR path) { return CanOpenForReading(path) ? 1 : 0; }
 
 // The length test looks at the text as given, so a drive with blanks around
 // it ("  c:  ") still names its root; what is left after trimming must hold
@@ -46,7 +63,7 @@ int GetRootDirType(LPCWSTR path) {
     AppendEndSlash(root);
   if (IsSep(root[0]) && IsSep(root[1]))
     return static_cast<int>(kDriveRemote);
-  UINT type = pathsys::DriveType(root.Left(3));
+  UINT type = vn::os::DriveType(root.Left(3));
   if (type == kDriveRemote && std::iswalpha(static_cast<wint_t>(root[0])) && root[1] == ':')
     return VN_ROOT_MAPPED_DRIVE;
   return static_cast<int>(type);
@@ -59,7 +76,15 @@ DWORD GetFullPathChecked(LPCWSTR path, DWORD bufferLength, LPWSTR buffer) {
   // typing slip, not a path.
   if (path && path[0] && path[1] == ':' && path[2] == ' ')
     return 0;
-  return pathsys::FullPathName(path, bufferLength, buffer);
+  const vn::os::WideText full = vn::os::FullPathName(path);
+  if (full.empty())
+    return 0;
+  const DWORD length = static_cast<DWORD>(full.size());
+  if (!buffer || bufferLength <= length)
+    return length + 1;  // the size needed, with the terminator
+  full.copy(buffer, length);
+  buffer[length] = 0;
+  return length;
 }
 
 // The full form into a buffer of capacity characters; false when empty or
@@ -84,7 +109,7 @@ int CreatePathTree(LPCWSTR dir) {
   SeparatePathAndFile(path, parent, name);
   if (parent.Compare(path) != 0 && !CreatePathTree(parent))
     return 0;
-  return pathsys::CreateOneDirectory(path) ? 1 : 0;
+  return vn::os::CreateDirectory(path) ? 1 : 0;
 }
 
 int GetValidPathName(CString& path) {
@@ -97,7 +122,7 @@ int GetValidPathName(CString& path) {
   if (!FullFormWithin(path, size, full))
     return 0;
   // A path that does not exist is no objection; an unusable name is.
-  if (pathsys::FileAttributes(full) == kNoAttributes && pathsys::LastError() == ERROR_INVALID_NAME)
+  if (vn::os::GetFileAttributes(full) == kNoAttributes && vn::os::GetLastError() == ERROR_INVALID_NAME)
     return 0;
   int colons = 0;
   for (int i = 0; i < full.GetLength(); ++i)
@@ -126,39 +151,37 @@ int EnsureValidFile(LPCWSTR path) {
   SeparatePathAndFile(path, dir, file);
   if (!EnsureValidPath(dir))
     return 0;
-  if (pathsys::CanOpenForReading(path))
+  if (CanOpenForReading(path))
     return 1;
-  return pathsys::CanCreateAndDiscard(path) ? 1 : 0;
+  return CanCreateAndDiscard(path) ? 1 : 0;
 }
 
 //===-- Well-known directories ----------------------------------------------===//
 
-// Calls a getter with a buffer of capacity characters; a failure throws the
-// system's error, a result that did not fit throws "file name too long".
-template <class Getter>
-static CString GetDirectory(Getter getter, DWORD capacity) {
-  std::vector<WCHAR> buffer(capacity, 0);
-  DWORD length = getter(capacity, buffer.data());
-  if (length == 0)
+// A directory from the seam; a failure throws the system's error, a text
+// longer than capacity - 1 characters throws "file name too long".
+static CString GetDirectory(vn::os::WideText (*getter)(), DWORD capacity) {
+  const vn::os::WideText text = getter();
+  if (text.empty())
     AfxThrowOSException(0xFFFFFFFF);
-  if (length >= capacity)
+  if (text.size() >= capacity)
     AfxThrowOSException(ERROR_FILENAME_EXCED_RANGE);
-  return CString(buffer.data(), static_cast<int>(length));
+  return CString(text.c_str());
 }
 
 void GetCurrentPath(CString& path) {
-  path = GetDirectory(pathsys::CurrentDirectory, MAX_PATH + 1);
+  path = GetDirectory(vn::os::CurrentDirectory, MAX_PATH + 1);
   AppendEndSlash(path);
 }
 
 void GetTemporaryPath(CString& path) {
-  path = GetDirectory(pathsys::TempPath, MAX_PATH + 1);
+  path = GetDirectory(vn::os::TempDirectory, MAX_PATH + 1);
   if (!PathHasEndSlash(path))
     AppendEndSlash(path);
 }
 
 void GetAppPath(CString& path) {
-  path = GetDirectory(pathsys::ModuleFileName, MAX_PATH);
+  path = GetDirectory(vn::os::ModuleFileName, MAX_PATH);
   LPCWSTR lastSep = FindLastSlash(path);
   path = lastSep ? path.Left(static_cast<int>(lastSep - path.GetString()) + 1) : CString();
 }

@@ -1,7 +1,7 @@
 // VnCPInfo.cpp - code page facts, with or without GetCPInfoExW.
 #include "intake/VnCPInfo.h"
 
-#include "intake/VnIntakeOs.h"
+#include "afx/os/OsSeam.h"
 
 #include <cassert>
 #include <cstring>
@@ -11,7 +11,7 @@
 static int FallbackCPInfo(unsigned int codePage, CPINFOEXW* info) {
   CPINFO basic;
   memset(&basic, 0, sizeof basic);
-  const int ok = vn::intake::PlatformGetCPInfo(codePage, &basic);
+  const int ok = vn::os::GetCPInfo(codePage, basic) ? 1 : 0;
   if (ok) {
     info->MaxCharSize = basic.MaxCharSize;
     memcpy(info->DefaultChar, basic.DefaultChar, sizeof info->DefaultChar);
@@ -28,7 +28,7 @@ static int FallbackCPInfo(unsigned int codePage, CPINFOEXW* info) {
 int GetVnCPInfo(unsigned int codePage, unsigned long flags, CPINFOEXW* info) {
   assert(info && "GetVnCPInfo needs a record to fill");
   memset(info, 0, sizeof *info);
-  if (vn::intake::GetCPInfoExFn ex = vn::intake::FindGetCPInfoEx())
+  if (vn::os::GetCPInfoExFn ex = vn::os::FindGetCPInfoEx())
     return ex(codePage, static_cast<DWORD>(flags), info);
   return FallbackCPInfo(codePage, info);
 }

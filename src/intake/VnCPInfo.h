@@ -9,24 +9,6 @@
 
 #include "afx/afx.h"
 
-#ifndef _WIN32
-#define MAX_DEFAULTCHAR 2
-#define MAX_LEADBYTES 12
-struct CPINFO {
-  UINT MaxCharSize;
-  BYTE DefaultChar[MAX_DEFAULTCHAR];
-  BYTE LeadByte[MAX_LEADBYTES];
-};
-struct CPINFOEXW {
-  UINT MaxCharSize;
-  BYTE DefaultChar[MAX_DEFAULTCHAR];
-  BYTE LeadByte[MAX_LEADBYTES];
-  WCHAR UnicodeDefaultChar;
-  UINT CodePage;
-  WCHAR CodePageName[MAX_PATH];
-};
-#endif
-
 // Zeroes *info, then fills it; non-zero on success.  `flags` goes to
 // GetCPInfoExW and is unused without it.
 VN_API int GetVnCPInfo(unsigned int codePage, unsigned long flags, CPINFOEXW* info);

@@ -18,9 +18,15 @@
 // and each chunk widened and repaired in one pass, so the file's bytes are
 // never held whole; the line-end kinds met on the way are kept for hosts
 // that print lines as the file had them.
+//
+// The load runs in steps (Load): stream plain ASCII, else read the bytes,
+// detect (Detect), ask about a binary file (TakeBinary), decode (Decode).
+// The one buffer the text lies in is owned by m_pBuffer; bytes on their way
+// are owned by a CVnSmartBytePtr until a step takes them over.
 #include "intake/VnDiffFile.h"
 
 #include "afx/portable/LargeBuffer.h"
+#include "afx/portable/VnCodePages.h"
 #include "foundation/LocalResources.h"
 #include "intake/VnCPInfo.h"
 #include "intake/VnFile.h"
@@ -168,8 +174,8 @@ void GrowMarksInPlace(unsigned short* u, unsigned long n, unsigned long marks) {
 // Pages in which every byte below 0x80 is the ASCII character itself, so
 // pure ASCII input can be widened without asking the converter.
 bool AsciiIsIdentity(unsigned int cp) {
-  return cp == 65001 || (cp >= 1250 && cp <= 1258) || cp == 20127 || cp == 437 || cp == 850 ||
-         (cp >= 28591 && cp <= 28605);
+  const VnCodePage* page = VnFindCodePage(cp);
+  return page && page->asciiSame;
 }
 
 // Set bits of a mask; line ends are sparse, so the loop is short.
@@ -214,17 +220,18 @@ bool ScanAscii(const unsigned char* data, unsigned long size, unsigned long& bou
   return (any & 0x80) == 0;
 }
 
-// MultiByteToWideChar(codePage, 0, ...) into a new array of 2 bytes a unit:
+// MultiByteToWideChar(codePage, 0, ...) into a new array of 2 bytes a unit,
+// which the caller owns:
 // the length is asked first, then the text converted.  Input the page can't
 // decode becomes what the platform makes of it; an unknown page gives none.
 // `capacity` is the array's size: ASCII text gets room for its line-end
 // repair, so that the repair needs no second array.
-unsigned char* DecodeToUtf16(unsigned int codePage, const unsigned char* in, unsigned long size,
-                             unsigned long& outSize, size_t& capacity) {
+std::unique_ptr<unsigned char[]> DecodeToUtf16(unsigned int codePage, const unsigned char* in, unsigned long size,
+                                               unsigned long& outSize, size_t& capacity) {
   unsigned long bound = 0;
   if (AsciiIsIdentity(codePage) && ScanAscii(in, size, bound)) {
     capacity = 2 * (static_cast<size_t>(size) + bound);
-    unsigned char* out = new unsigned char[capacity];
+    std::unique_ptr<unsigned char[]> out(new unsigned char[capacity]);
     for (unsigned long i = 0; i < size; ++i) {
       out[2 * i] = in[i];
       out[2 * i + 1] = 0;
@@ -236,17 +243,17 @@ unsigned char* DecodeToUtf16(unsigned int codePage, const unsigned char* in, uns
   const char* src = reinterpret_cast<const char*>(in);
   int units = MultiByteToWideChar(codePage, 0, src, static_cast<int>(size), nullptr, 0);
   capacity = 2 * static_cast<size_t>(units > 0 ? units : 0);
-  unsigned char* out = new unsigned char[capacity];
+  std::unique_ptr<unsigned char[]> out(new unsigned char[capacity]);
   if (units > 0)
-    MultiByteToWideChar(codePage, 0, src, static_cast<int>(size), reinterpret_cast<wchar_t*>(out), units);
+    MultiByteToWideChar(codePage, 0, src, static_cast<int>(size), reinterpret_cast<wchar_t*>(out.get()), units);
   outSize = 2 * static_cast<unsigned long>(units);
   return out;
 #else
   vn::os::WideText wide = vn::os::MultiByteToWide(codePage, reinterpret_cast<const char*>(in), static_cast<int>(size));
   capacity = 2 * wide.size();
-  unsigned char* out = new unsigned char[capacity];
+  std::unique_ptr<unsigned char[]> out(new unsigned char[capacity]);
   for (size_t i = 0; i < wide.size(); ++i)
-    SetUnit(out, static_cast<unsigned long>(i), static_cast<unsigned short>(wide[i]));
+    SetUnit(out.get(), static_cast<unsigned long>(i), static_cast<unsigned short>(wide[i]));
   outSize = 2 * static_cast<unsigned long>(wide.size());
   return out;
 #endif
@@ -336,13 +343,13 @@ CString LocalText(UINT id) { return LoadLocalString(GetResourceModule(), id); }
 }  // namespace
 
 CVnDiffFile::CVnDiffFile()
-    : m_pText(nullptr), m_dwTextLength(0), m_pBuffer(nullptr), m_nBufferSize(0), m_nCodePage(vn::os::GetACP()),
+    : m_pText(nullptr), m_dwTextLength(0), m_nBufferSize(0), m_nCodePage(vn::os::GetACP()),
       m_nFileType(TypeText), m_nEncoding(EncodingNone), m_bLoaded(false), m_bHasBOM(false),
       m_bEncodingSet(false), m_nLineEnds(0) {}
 
-CVnDiffFile::~CVnDiffFile() { ReleaseBuffer(); }
+CVnDiffFile::~CVnDiffFile() = default;
 
-CVnDiffFile::CVnDiffFile(const CVnDiffFile& other) : m_pText(nullptr), m_pBuffer(nullptr), m_nBufferSize(0) {
+CVnDiffFile::CVnDiffFile(const CVnDiffFile& other) : m_pText(nullptr), m_nBufferSize(0) {
   CopyFrom(other);
 }
 
@@ -366,22 +373,21 @@ void CVnDiffFile::CopyFrom(const CVnDiffFile& other) {
   m_bHasBOM = other.m_bHasBOM;
   m_bEncodingSet = other.m_bEncodingSet;
   m_nLineEnds = other.m_nLineEnds;
-  m_pBuffer = nullptr;
+  m_pBuffer.reset();
   m_nBufferSize = 0;
   m_pText = nullptr;
   if (other.m_pBuffer && other.m_pText) {
-    const size_t offset = static_cast<size_t>(other.m_pText - other.m_pBuffer);
+    const size_t offset = static_cast<size_t>(other.m_pText - other.m_pBuffer.get());
     m_nBufferSize = offset + other.m_dwTextLength;
-    m_pBuffer = new unsigned char[m_nBufferSize];
-    memcpy(m_pBuffer, other.m_pBuffer, offset + other.m_dwTextLength);
-    m_pText = m_pBuffer + offset;
+    m_pBuffer.reset(new unsigned char[m_nBufferSize]);
+    memcpy(m_pBuffer.get(), other.m_pBuffer.get(), offset + other.m_dwTextLength);
+    m_pText = m_pBuffer.get() + offset;
   }
 }
 
 void CVnDiffFile::ReleaseBuffer() {
   m_nLineEnds = 0;
-  delete[] m_pBuffer;
-  m_pBuffer = nullptr;
+  m_pBuffer.reset();
   m_nBufferSize = 0;
   m_pText = nullptr;
   m_dwTextLength = 0;
@@ -411,51 +417,71 @@ void CVnDiffFile::SetFileEncoding(unsigned int codePage) {
 //===-- The load -----------------------------------------------------------===//
 
 bool CVnDiffFile::GetFileContents(unsigned char*& text, unsigned long& length) {
-  if (!m_bLoaded) {
-    CVnFile file(m_strFileName, CFile::modeRead);  // raises; the old buffer stays
-    ReleaseBuffer();
-    if (StreamAscii(file)) {
-      m_bLoaded = true;
-      text = m_pText;
-      length = m_dwTextLength;
-      return true;
-    }
-    CVnSmartBytePtr bytes;
-    unsigned long size = file.ReadAll(bytes);
-    file.Close();
-    unsigned char* data = bytes.Get();
-
-    if (!m_bEncodingSet)
-      DetermineFileTypeAndEncoding(data, size);
-    else
-      m_bHasBOM = HasBOM(data, size);
-
-    if (m_nFileType == TypeText || m_nFileType == TypeUnicode) {
-      unsigned char* out = nullptr;
-      unsigned long outSize = 0;
-      if (!DecodeAsciiRepaired(data, size)) {
-        data = bytes.Detach();  // the conversion takes the input over
-        ConvertBufferToUTF16LE(data, size, out, outSize);
-        NormalizeCrLfPairs(out, outSize);
-        m_pText = out;
-        m_dwTextLength = static_cast<uint32_t>(outSize);
-      }
-    } else {
-      CString question;
-      question.Format(LocalText(161), m_strFileName.GetString());
-      if (AfxMessageBox(question, MB_YESNO | MB_ICONEXCLAMATION, 0) != IDYES)
-        return false;  // `bytes` releases the data
-      m_pBuffer = bytes.Detach();
-      m_nBufferSize = size;
-      m_pText = m_pBuffer;
-      m_dwTextLength = static_cast<uint32_t>(size);
-      ConvertNullsToSpaces(m_pText, size);
-    }
-    m_bLoaded = true;
-  }
+  if (!m_bLoaded && !Load())
+    return false;
   text = m_pText;
   length = m_dwTextLength;
   return true;
+}
+
+// The load, one step at a time: plain ASCII streams straight to the text;
+// anything else is read whole, its type found, the binary question asked,
+// and the text decoded.  A file that can't be opened leaves the old buffer.
+bool CVnDiffFile::Load() {
+  CVnFile file(m_strFileName, CFile::modeRead);
+  ReleaseBuffer();
+  if (!StreamAscii(file)) {
+    CVnSmartBytePtr bytes;
+    const unsigned long size = file.ReadAll(bytes);
+    file.Close();
+    Detect(bytes, size);
+    if (m_nFileType == TypeBinary) {
+      if (!TakeBinary(bytes, size))
+        return false;
+    } else {
+      Decode(bytes, size);
+    }
+  }
+  m_bLoaded = true;
+  return true;
+}
+
+// Finds type, encoding and mark, unless the user chose the encoding; then
+// only whether the file carries that encoding's mark.
+void CVnDiffFile::Detect(unsigned char* data, unsigned long size) {
+  if (!m_bEncodingSet)
+    DetermineFileTypeAndEncoding(data, size);
+  else
+    m_bHasBOM = HasBOM(data, size);
+}
+
+// Asks whether to go on with a binary file; on yes the bytes become the
+// text, NUL bytes made spaces and the marker put last.
+bool CVnDiffFile::TakeBinary(CVnSmartBytePtr& bytes, unsigned long size) {
+  CString question;
+  question.Format(LocalText(161), m_strFileName.GetString());
+  if (AfxMessageBox(question, MB_YESNO | MB_ICONEXCLAMATION, 0) != IDYES)
+    return false;
+  m_pBuffer.reset(bytes.Detach());
+  m_nBufferSize = size;
+  m_pText = m_pBuffer.get();
+  m_dwTextLength = static_cast<uint32_t>(size);
+  ConvertNullsToSpaces(m_pText, size);
+  return true;
+}
+
+// Text to UTF-16LE with CR LF line ends: ASCII in one pass, else through
+// the converter and the line-end repair.
+void CVnDiffFile::Decode(CVnSmartBytePtr& bytes, unsigned long size) {
+  if (DecodeAsciiRepaired(bytes, size))
+    return;
+  unsigned char* data = bytes.Detach();  // the conversion takes the input over
+  unsigned char* out = nullptr;
+  unsigned long outSize = 0;
+  ConvertBufferToUTF16LE(data, size, out, outSize);
+  NormalizeCrLfPairs(out, outSize);
+  m_pText = out;
+  m_dwTextLength = static_cast<uint32_t>(outSize);
 }
 
 void CVnDiffFile::DetermineFileTypeAndEncoding(unsigned char* data, unsigned long size) {
@@ -522,25 +548,27 @@ void CVnDiffFile::ConvertBufferToUTF16LE(unsigned char*& in, unsigned long& inSi
   const unsigned long rest = inSize - skip;
 
   if (m_nFileType == TypeUnicode && m_nEncoding == EncodingUTF16LE) {
-    m_pBuffer = input.Detach();
+    m_pBuffer.reset(input.Detach());
     m_nBufferSize = inSize;
-    out = m_pBuffer + skip;
+    out = m_pBuffer.get() + skip;
     outSize = rest;
     return;
   }
   if (m_nFileType == TypeUnicode && m_nEncoding == EncodingUTF16BE) {
-    unsigned char* swapped = new unsigned char[rest];
+    m_pBuffer.reset(new unsigned char[rest]);
+    unsigned char* swapped = m_pBuffer.get();
     memcpy(swapped, start, rest);
     for (unsigned long i = 0; i + 1 < rest; i += 2) {
       swapped[i] = start[i + 1];
       swapped[i + 1] = start[i];
     }
-    m_pBuffer = out = swapped;
+    out = swapped;
     m_nBufferSize = rest;
     outSize = rest;
   } else {
     const unsigned int page = m_nFileType == TypeUnicode ? 65001u : m_nCodePage;
-    m_pBuffer = out = DecodeToUtf16(page, start, rest, outSize, m_nBufferSize);
+    m_pBuffer = DecodeToUtf16(page, start, rest, outSize, m_nBufferSize);
+    out = m_pBuffer.get();
   }
   in = nullptr;
   inSize = 0;
@@ -595,7 +623,7 @@ bool CVnDiffFile::StreamAscii(CVnFile& file) {
   m_bHasBOM = false;
   m_nBufferSize = out.Allocated();
   m_pText = out.Start();
-  m_pBuffer = out.Release();
+  m_pBuffer.reset(out.Release());
   m_dwTextLength = static_cast<uint32_t>(w);
   m_nLineEnds = kinds | EndsKnown;
   return true;
@@ -626,7 +654,7 @@ bool CVnDiffFile::DecodeAsciiRepaired(const unsigned char* in, unsigned long inS
   out.Written(length);
   m_nBufferSize = out.Allocated();
   m_pText = out.Start();
-  m_pBuffer = out.Release();
+  m_pBuffer.reset(out.Release());
   m_dwTextLength = static_cast<uint32_t>(length);
   m_nLineEnds = kinds | EndsKnown;
   return true;
@@ -674,13 +702,13 @@ void CVnDiffFile::NormalizeCrLfPairs(unsigned char*& text, unsigned long& size) 
     return;
 
   const size_t grown = 2 * static_cast<size_t>(i + marks);
-  if (text == m_pBuffer && m_nBufferSize >= grown) {
+  if (text == m_pBuffer.get() && m_nBufferSize >= grown) {
     GrowMarksInPlace(u, i, marks);
   } else {
     unsigned short* out = reinterpret_cast<unsigned short*>(new unsigned char[grown]);
     CopyGrowingMarks(u, i, out);
-    delete[] m_pBuffer;
-    m_pBuffer = text = reinterpret_cast<unsigned char*>(out);
+    m_pBuffer.reset(reinterpret_cast<unsigned char*>(out));
+    text = m_pBuffer.get();
     m_nBufferSize = grown;
   }
   size = static_cast<unsigned long>(grown);

@@ -14,7 +14,10 @@
 
 #include "afx/afx.h"
 
+#include <memory>
+
 class CVnFile;
+class CVnSmartBytePtr;
 
 class VN_API CVnDiffFile {
 public:
@@ -59,15 +62,19 @@ protected:
   void ConvertNullsToSpaces(unsigned char* data, unsigned long size);
 
 private:
+  bool Load();
+  void Detect(unsigned char* data, unsigned long size);
+  bool TakeBinary(CVnSmartBytePtr& bytes, unsigned long size);
+  void Decode(CVnSmartBytePtr& bytes, unsigned long size);
   bool StreamAscii(CVnFile& file);
   bool DecodeAsciiRepaired(const unsigned char* in, unsigned long inSize);
   void ReleaseBuffer();
   void CopyFrom(const CVnDiffFile& other);
 
   CString m_strFileName;
-  unsigned char* m_pText;
+  unsigned char* m_pText;  // inside m_pBuffer
   uint32_t m_dwTextLength;
-  unsigned char* m_pBuffer;
+  std::unique_ptr<unsigned char[]> m_pBuffer;
   size_t m_nBufferSize;  // bytes allocated at m_pBuffer: room the repair may grow into
   unsigned int m_nCodePage;
   int m_nFileType;

@@ -16,7 +16,7 @@ int CVnFile::Open(LPCWSTR path, UINT flags) {
     AfxThrowFileException(cause, error.m_lOsError, path);
   }
   // A directory opens natively but is no file; Win32 refuses it.
-  const DWORD attributes = vn::intake::GetAttributes(path);
+  const DWORD attributes = vn::os::GetFileAttributes(path);
   if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY)) {
     Abort();
     AfxThrowFileException(CFileException::accessDenied, static_cast<LONG>(ERROR_ACCESS_DENIED), path);
@@ -90,23 +90,23 @@ bool CVnFile::IsBinary(const CString& path) {
 int CVnFile::IsFile(const CString& path) {
   if (path.FindOneOf(_T("*?")) >= 0)
     return 0;
-  return vn::intake::GetAttributes(path) != INVALID_FILE_ATTRIBUTES ? 1 : 0;
+  return vn::os::GetFileAttributes(path) != INVALID_FILE_ATTRIBUTES ? 1 : 0;
 }
 
 void CVnFile::FileCopy(const CString& to, const CString& from, int failIfExists) {
-  if (!vn::intake::CopyOne(from, to, failIfExists != 0))
+  if (!vn::os::CopyFile(from, to, failIfExists != 0))
     CFileException::ThrowOsError(static_cast<LONG>(vn::os::GetLastError()), from);
 }
 
 void CVnFile::FileMove(const CString& to, const CString& from, int failIfExists) {
   if (!failIfExists && to.FindOneOf(_T("*?")) < 0 && IsFile(to))
     FileRemove(to);
-  if (!vn::intake::MoveOne(from, to))
+  if (!vn::os::MoveFile(from, to))
     CFileException::ThrowOsError(static_cast<LONG>(vn::os::GetLastError()), from);
 }
 
 void CVnFile::FileRemove(const CString& path) {
-  if (vn::intake::DeleteOne(path))
+  if (vn::os::DeleteFile(path))
     return;
   const DWORD code = vn::os::GetLastError();
   if (code != ERROR_FILE_NOT_FOUND && code != ERROR_PATH_NOT_FOUND)
@@ -114,20 +114,20 @@ void CVnFile::FileRemove(const CString& path) {
 }
 
 CString CVnFile::GetTempFileNameW(const CString& directory, const CString& prefix) {
-  return vn::intake::TempFileName(directory, prefix.Left(3));
+  return CString(vn::os::TempFileName(directory, prefix.Left(3)).c_str());
 }
 
 CString CVnFile::GetSysTempFileName(const CString& prefix) {
-  return GetTempFileNameW(vn::intake::TempPath(), prefix);
+  return GetTempFileNameW(CString(vn::os::TempDirectory().c_str()), prefix);
 }
 
 void CVnFile::SetAttributes(const CString& path, unsigned long attributes) {
-  if (!vn::intake::SetAttributes(path, static_cast<DWORD>(attributes)))
+  if (!vn::os::SetFileAttributes(path, static_cast<DWORD>(attributes)))
     CFileException::ThrowOsError(static_cast<LONG>(vn::os::GetLastError()), path);
 }
 
 void CVnFile::EnableRW(const CString& path) {
-  const DWORD attributes = vn::intake::GetAttributes(path);
+  const DWORD attributes = vn::os::GetFileAttributes(path);
   if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY))
     SetAttributes(path, 0);
 }
@@ -136,7 +136,7 @@ void CVnFile::EnableRW(const CString& path) {
 
 int CVnFile::GetStatus(const CString& path, FileStatus& status, bool raise) {
   WIN32_FIND_DATAW found;
-  if (!vn::intake::FindOne(path, found)) {
+  if (!vn::os::FindFile(path, found)) {
     if (raise)
       CFileException::ThrowOsError(static_cast<LONG>(vn::os::GetLastError()), path);
     return 0;
@@ -162,7 +162,7 @@ int CVnFile::GetStatus(const CString& path, const WIN32_FIND_DATAW& found, FileS
 // Ordered so that a read-only file takes its new time stamps and still ends
 // read-only: the read-only bit comes off first and goes back on last.
 void CVnFile::SetStatus(const CString& path, FileStatus& status) {
-  const DWORD present = vn::intake::GetAttributes(path);
+  const DWORD present = vn::os::GetFileAttributes(path);
   if (present == INVALID_FILE_ATTRIBUTES)
     CFileException::ThrowOsError(static_cast<LONG>(vn::os::GetLastError()), path);
   const bool differ = status.m_attribute != (present & 0x7F);
@@ -177,7 +177,7 @@ void CVnFile::SetStatus(const CString& path, FileStatus& status) {
       VnTimeToFileTime(status.m_atime, access);
     if (hasCreation)
       VnTimeToFileTime(status.m_ctime, creation);
-    if (!vn::intake::SetTimes(path, hasCreation ? &creation : nullptr, hasAccess ? &access : nullptr, &modified))
+    if (!vn::os::SetFileTimes(path, hasCreation ? &creation : nullptr, hasAccess ? &access : nullptr, &modified))
       CFileException::ThrowOsError(static_cast<LONG>(vn::os::GetLastError()), path);
   }
   if (differ && !(present & FILE_ATTRIBUTE_READONLY))
@@ -186,7 +186,7 @@ void CVnFile::SetStatus(const CString& path, FileStatus& status) {
 
 void CVnFile::FileTimeToVnTime(const FILETIME& fileTime, CVnTime& time) {
   SYSTEMTIME st = {};
-  vn::intake::FileTimeToSystem(fileTime, st);
+  vn::os::FileTimeToSystemTime(fileTime, st);
   time.SetDateTime(st.wYear, st.wMonth, st.wDay, st.wHour, st.wMinute, st.wSecond);
 }
 
@@ -200,5 +200,28 @@ void CVnFile::VnTimeToFileTime(const CVnTime& time, FILETIME& fileTime) {
   st.wMinute = static_cast<WORD>(time.GetMinute());
   st.wSecond = static_cast<WORD>(time.GetSecond());
   st.wMilliseconds = 0;
-  vn::intake::SystemToFileTime(st, fileTime);
+  vn::os::SystemTimeToFileTime(st, fileTime);
+}
+
+// The removal of the partial file must not hide the failure that left it.
+static void RemoveQuietly(const CString& path) {
+  try {
+    CVnFile::FileRemove(path);
+  } catch (CException* e) {
+    e->Delete();
+  }
+}
+
+void VnWriteFileWhole(const CString& path, const void* data, unsigned long size) {
+  const CString partial = path + _T(".partial");
+  try {
+    CFile file(partial, CFile::modeCreate | CFile::modeWrite);
+    if (size)
+      file.Write(data, static_cast<UINT>(size));
+    file.Close();
+    CVnFile::FileMove(path, partial, 0);
+  } catch (...) {
+    RemoveQuietly(partial);
+    throw;
+  }
 }

@@ -13,7 +13,8 @@
 
 #include "afx/afx.h"
 #include "foundation/VnTime.h"
-#include "intake/VnIntakeOs.h"
+#include "afx/os/OsSeam.h"
+#include "afx/portable/COleDateTime.h"
 #include "intake/VnSmartBytePtr.h"
 
 class VN_API CVnFile : public CFile {
@@ -70,5 +71,11 @@ private:
   // Failures must raise: the framework's reporting form is closed off.
   BOOL Open(LPCWSTR, UINT, CFileException*) override { return 0; }
 };
+
+// Writes size bytes at data to path whole or not at all: under the name
+// path + ".partial" first, then moved over path.  Any failure raises
+// CFileException (or the failure that stopped it) and takes the partial
+// file away; path is then as it was.
+VN_API void VnWriteFileWhole(const CString& path, const void* data, unsigned long size);
 
 #endif  // VN_INTAKE_VNFILE_H

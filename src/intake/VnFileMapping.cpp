@@ -27,36 +27,36 @@ CVnFileMapping& CVnFileMapping::operator=(const CVnFileMapping& other) {
 
 void CVnFileMapping::Open(LPCWSTR path, unsigned long size) {
   m_bOwnsFile = 1;
-  m_hFile = vn::intake::OpenForMapping(path, size != 0);
+  m_hFile = vn::os::OpenForMapping(path, size != 0);
   MapOpenFile(size);
 }
 
 void CVnFileMapping::Open(CVnFile& file, unsigned long size) {
   m_bOwnsFile = 0;
-  m_hFile = vn::intake::HandleOfFile(file);
+  m_hFile = file.m_hFile;
   MapOpenFile(size);
 }
 
 // Steps 2 to 4 of both forms of Open: size, growth, mapping and view.
 void CVnFileMapping::MapOpenFile(unsigned long size) {
-  if (m_hFile == vn::intake::kNoHandle)
+  if (m_hFile == vn::os::kInvalidFile)
     ThrowMappingFailure();
   uint64_t fileSize = 0;
-  if (!vn::intake::SizeOf(m_hFile, fileSize))
+  if (!vn::os::GetFileSize(m_hFile, fileSize))
     ThrowMappingFailure();
   m_dwSize = static_cast<DWORD>(fileSize);
   if (size > m_dwSize) {
-    if (!vn::intake::SetEnd(m_hFile, size))
+    if (!vn::os::SetFileSize(m_hFile, size))
       ThrowMappingFailure();
     m_dwSize = static_cast<DWORD>(size);
   }
   if (m_dwSize == 0)
     return;
   const bool write = size != 0;
-  m_hMapping = vn::intake::CreateMapping(m_hFile, write);
+  m_hMapping = vn::os::CreateMapping(m_hFile, write);
   if (!m_hMapping)
     ThrowMappingFailure();
-  m_pView = vn::intake::MapView(m_hFile, m_hMapping, m_dwSize, write);
+  m_pView = vn::os::MapView(m_hFile, m_hMapping, m_dwSize, write);
 }
 
 void CVnFileMapping::GetBuffer(unsigned long& size, const void*& view) const {
@@ -72,17 +72,17 @@ void CVnFileMapping::GetBuffer(unsigned long& size, void*& view) const {
 void CVnFileMapping::Close() {
   bool ok = true;
   if (m_pView) {
-    ok = vn::intake::UnmapView(m_pView, m_dwSize) && ok;
+    ok = vn::os::UnmapView(m_pView, m_dwSize) && ok;
     m_pView = nullptr;
   }
   if (m_hMapping) {
-    ok = vn::intake::CloseMapping(m_hMapping) && ok;
+    ok = vn::os::CloseMapping(m_hMapping) && ok;
     m_hMapping = 0;
   }
-  if (m_hFile != vn::intake::kNoHandle) {
+  if (m_hFile != vn::os::kInvalidFile) {
     if (m_bOwnsFile)
-      ok = vn::intake::CloseFileHandle(m_hFile) && ok;
-    m_hFile = vn::intake::kNoHandle;
+      ok = vn::os::CloseFile(m_hFile) && ok;
+    m_hFile = vn::os::kInvalidFile;
   }
   if (!ok)
     ThrowMappingFailure();

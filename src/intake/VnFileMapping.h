@@ -9,7 +9,6 @@
 #define VN_INTAKE_VNFILEMAPPING_H
 
 #include "afx/afx.h"
-#include "intake/VnIntakeOs.h"
 
 class CVnFile;
 
@@ -35,8 +34,8 @@ private:
   void MapOpenFile(unsigned long size);
 
   int m_bOwnsFile = 0;
-  vn::intake::Handle m_hFile = vn::intake::kNoHandle;
-  vn::intake::Handle m_hMapping = 0;
+  vn::os::FileHandle m_hFile = vn::os::kInvalidFile;
+  vn::os::FileHandle m_hMapping = 0;
   DWORD m_dwSize = 0;
   void* m_pView = nullptr;
 };

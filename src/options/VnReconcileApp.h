@@ -13,14 +13,12 @@
 #ifdef _WIN32
 
 #include "afx/win32/CWinApp.h"
+#include "options/VnAppFlags.h"
 
-class VN_API CVnReconcileApp : public CWinApp {
+// m_bWin2K comes from CVnAppFlags, which the window classes read.
+class VN_API CVnReconcileApp : public CWinApp, public CVnAppFlags {
   DECLARE_DYNCREATE(CVnReconcileApp)
 public:
-  // IsWin2K(), set by every construction (there is one per process); 0
-  // while no object of this class was constructed.
-  static int m_bWin2K;
-
   // Gives 1; a host overrides it.
   BOOL InitInstance() override;
   // CWinApp::ExitInstance's result.

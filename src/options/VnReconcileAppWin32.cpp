@@ -6,8 +6,6 @@
 
 IMPLEMENT_DYNCREATE(CVnReconcileApp, CWinApp)
 
-int CVnReconcileApp::m_bWin2K = 0;
-
 // No application name: the host's own resources name it.
 CVnReconcileApp::CVnReconcileApp() : CWinApp(nullptr), m_nHostData(0) { m_bWin2K = IsWin2K(); }
 

@@ -16,7 +16,7 @@
 #include "window/VnRichEditPane.h"
 
 #include "engine/VnDiffArg.h"
-#include "options/VnReconcileApp.h"
+#include "options/VnAppFlags.h"
 #include "window/VnPaneWnd.h"
 
 #include <cassert>
@@ -74,7 +74,7 @@ const CHARFORMATW& CVnRichEditPane::GetPaneCharFormat() const {
 // that is when the control settles its paragraphs, and an index asked
 // without it can be stale.
 int CVnRichEditPane::LineIndex(int line) const {
-  if (!CVnReconcileApp::m_bWin2K)
+  if (!CVnAppFlags::m_bWin2K)
     SendMessage(EM_GETLINECOUNT);
   return CRichEditCtrl::LineIndex(line);
 }

@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <vector>
+
 namespace {
 
 using namespace vn::test;
@@ -100,6 +102,29 @@ TEST(CStringTest, Utf8RoundTripKeepsSurrogatePairs) {
   CString w = VnFromUtf8(text);
   EXPECT_EQ(7, w.GetLength());
   EXPECT_EQ(text, VnToUtf8(w));
+}
+
+// Each length of sequence at its bounds; a surrogate without its partner
+// becomes U+FFFD (EF BF BD), as Win32 makes it.
+TEST(CStringTest, Utf8EncoderTakesEveryLengthAndReplacesLoneSurrogates) {
+  const struct {
+    std::vector<unsigned> units;
+    const char* bytes;
+  } cases[] = {
+      {{0x41, 0x7F}, "A\x7F"},
+      {{0x80, 0x7FF}, "\xC2\x80\xDF\xBF"},
+      {{0x800, 0xFFFF}, "\xE0\xA0\x80\xEF\xBF\xBF"},
+      {{0xD800, 0xDC00, 0xDBFF, 0xDFFF}, "\xF0\x90\x80\x80\xF4\x8F\xBF\xBF"},
+      {{0xD800, 0x41}, "\xEF\xBF\xBD" "A"},
+      {{0xDC00, 0xD800}, "\xEF\xBF\xBD\xEF\xBF\xBD"},
+  };
+  for (const auto& c : cases) {
+    std::vector<WCHAR> units(c.units.begin(), c.units.end());
+    std::string out = "<";
+    VnAppendUtf8(units.data(), units.size(), out);
+    EXPECT_EQ(std::string("<") + c.bytes, out);
+    EXPECT_EQ(c.bytes, VnToUtf8(units.data(), static_cast<int>(units.size())));
+  }
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include "TestSupport.h"
 
 #include "afx/os/OsSeam.h"
+#include "engine/VnDelta.h"
 
 #include <gtest/gtest.h>
 
@@ -43,11 +44,8 @@ std::string Rebuild(LineSet& source, LineSet& target, CPtrArray& changes) {
   CVnDiffArg delta(target.arg->GetFileInfo());
   delta.Create(deltaBytes.data(), static_cast<unsigned long>(deltaBytes.size()));
   CVnDiffArg result(target.arg->GetFileInfo());
-  int sourcePos = 1, targetPos = 1, deltaPos = 0;
-  for (INT_PTR i = 0; i < changes.GetSize(); ++i)
-    result.ProcessChange(*static_cast<CVnDiffChange*>(changes.GetAt(i)), *source.arg, delta, sourcePos, targetPos,
-                         deltaPos);
-  result.CopyLines(*source.arg, sourcePos - 1, -1);
+  std::string why;
+  EXPECT_TRUE(VnApplyDelta(changes, *source.arg, delta, result, why)) << why;
   return Flatten(result);
 }
 
@@ -249,3 +247,52 @@ TEST(VnDiffDeltaTest, FailedSaveLeavesNoFile) {
   EXPECT_TRUE(raised);
   EXPECT_FALSE(Exists(path));
 }
+
+namespace {
+
+std::string Applied(const std::vector<CVnDiffChange>& records, const std::string& source, const std::string& delta,
+                    std::string& why) {
+  LineSet s = MakeSet(source), d = MakeSet(delta);
+  CVnDiffChangeList list;
+  for (const CVnDiffChange& c : records)
+    list.Add(new CVnDiffChange(c));
+  CVnDiffArg result(CVnFileInfo::Text8, 10);
+  if (!VnApplyDelta(list, *s.arg, *d.arg, result, why))
+    return "refused";
+  return Flatten(result);
+}
+
+// Stored records are checked whole before a line is built: every case that
+// doesn't fit the source and the delta text is refused with its reason; a
+// rebuilt last line ends as the line it came from.
+TEST(VnDiffDeltaTest, ApplyChecksTheRecordsAndEndsTheLastLineAsItsOrigin) {
+  using A = CVnDiffChange;
+  const struct {
+    const char* name;
+    std::vector<CVnDiffChange> records;
+    const char *source, *delta, *result, *why;
+  } cases[] = {
+      {"change", {A(A::Change, 2, 2, 2, 2)}, "a\nb\nc\n", "B\n", "a\nB\nc\n", ""},
+      {"source tail unterminated", {A(A::Change, 1, 1, 1, 1)}, "a\nb", "A\n", "A\nb", ""},
+      {"delta last", {A(A::Insert, 0, 0, 3, 3)}, "a\nb\n", "c", "a\nb\nc", ""},
+      {"inner source line last", {A(A::Delete, 3, 3, 0, 0)}, "a\nb\nc", "", "a\nb\n", ""},
+      {"full file", {A(A::FullFile, -1, -1, -1, -1)}, "a\n", "x\ny", "x\ny", ""},
+      {"action", {A(static_cast<A::Action>(5), 2, 2, 2, 2)}, "a\nb\nc\n", "x\n", "refused", "unknown action"},
+      {"outside", {A(A::Delete, 3, 9, 0, 0)}, "a\nb\nc\n", "", "refused", "deletion inside the source"},
+      {"descending", {A(A::Delete, 3, 3, 0, 0), A(A::Delete, 1, 1, 0, 0)}, "a\nb\nc\n", "", "refused",
+       "record 2 (2 1 1 0 0) is not an ascending deletion"},
+      {"beyond", {A(A::Insert, 0, 0, 9, 9)}, "a\n", "x\n", "refused", "lies beyond the source"},
+      {"short text", {A(A::Insert, 0, 0, 2, 4)}, "a\nb\nc\n", "x\n", "refused",
+       "the delta text has 1 lines, the records need 3"},
+      {"uneven change", {A(A::Change, 1, 1, 1, 2)}, "a\nb\nc\n", "x\ny\n", "refused", "ascending change"},
+      {"unused text", {}, "a\n", "x\n", "refused", "the records need 0"},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.name);
+    std::string why;
+    EXPECT_EQ(c.result, Applied(c.records, c.source, c.delta, why));
+    EXPECT_NE(std::string::npos, why.find(c.why)) << why;
+  }
+}
+
+}  // namespace

@@ -1,7 +1,7 @@
 // VnCPInfoTest.cpp - code page facts with and without GetCPInfoExW.
 #include "intake/VnCPInfo.h"
 
-#include "intake/VnIntakeOs.h"
+#include "afx/os/OsSeam.h"
 
 #include <gtest/gtest.h>
 
@@ -11,8 +11,8 @@ std::string Name(const CPINFOEXW& info) { return VnToUtf8(info.CodePageName); }
 
 // Puts GetCPInfoExW out of sight for one test.
 struct WithoutCPInfoEx {
-  WithoutCPInfoEx() { vn::intake::HideGetCPInfoExForTesting(true); }
-  ~WithoutCPInfoEx() { vn::intake::HideGetCPInfoExForTesting(false); }
+  WithoutCPInfoEx() { vn::os::HideGetCPInfoExForTesting(true); }
+  ~WithoutCPInfoEx() { vn::os::HideGetCPInfoExForTesting(false); }
 };
 
 TEST(VnCPInfoTest, FallbackNamesThePageByItsNumber) {

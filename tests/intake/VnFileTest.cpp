@@ -2,6 +2,7 @@
 #include "intake/VnFile.h"
 
 #include "IntakeTestFiles.h"
+#include "TestSupport.h"
 
 #include <gtest/gtest.h>
 
@@ -123,6 +124,33 @@ TEST(VnFileTest, RemoveMoveAndCopy) {
   CVnFile open(b.Path(), CFile::modeRead);
   CVnSmartBytePtr bytes;
   EXPECT_EQ("first", Bytes(bytes, open.ReadAll(bytes)));
+}
+
+// Whole or not at all: a written file replaces the old one; a write that
+// fails at the last step (a directory stands in the way) leaves the
+// directory as it was and no partial file behind.
+TEST(VnFileTest, WriteWholeReplacesOrLeavesNothing) {
+  TempFile target("old");
+  VnWriteFileWhole(target.Path(), "new text", 8);
+  CVnFile open(target.Path(), CFile::modeRead);
+  CVnSmartBytePtr bytes;
+  EXPECT_EQ("new text", Bytes(bytes, open.ReadAll(bytes)));
+  EXPECT_EQ(0, CVnFile::IsFile(target.Path() + _T(".partial")));
+  const CString dir = target.Path() + _T(".dir");
+  ASSERT_TRUE(vn::os::CreateDirectory(dir));
+  EXPECT_THROW(
+      {
+        try {
+          VnWriteFileWhole(dir, "x", 1);
+        } catch (CException* e) {
+          e->Delete();
+          throw 1;
+        }
+      },
+      int);
+  EXPECT_NE(0u, vn::os::GetFileAttributes(dir) & FILE_ATTRIBUTE_DIRECTORY);
+  EXPECT_EQ(0, CVnFile::IsFile(dir + _T(".partial")));
+  std::filesystem::remove(vn::test::FsPath(dir));
 }
 
 TEST(VnFileTest, TempNamesUseThreeLettersOfThePrefixAndExist) {

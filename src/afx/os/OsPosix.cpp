@@ -5,6 +5,9 @@
 // exceptions carry the numbers users of the Windows build see, and
 // SystemMessage gives the Windows wording for the codes users meet.
 #include "afx/os/OsSeam.h"
+#include "afx/os/OsPosixInternal.h"
+#include "afx/portable/VnCodePages.h"
+#include "afx/portable/CString.h"
 
 #include <cerrno>
 #include <clocale>
@@ -21,9 +24,9 @@ namespace vn {
 namespace os {
 
 namespace {
-
 thread_local DWORD t_lastError = 0;
 UINT g_ansiOverride = 0;
+}  // namespace
 
 DWORD Win32FromErrno(int e) {
   switch (e) {
@@ -55,6 +58,20 @@ bool FailWithErrno() {
   return false;
 }
 
+// Directory (0x10), read-only (0x1: no write bit for the owner, as
+// SetFileAttributes leaves it), hidden (0x2: a name that starts with a
+// dot), else normal (0x80).
+DWORD AttributesOf(const std::string& native, const struct stat& st) {
+  DWORD attr = S_ISDIR(st.st_mode) ? FILE_ATTRIBUTE_DIRECTORY : 0;
+  if (!(st.st_mode & S_IWUSR))
+    attr |= FILE_ATTRIBUTE_READONLY;
+  const size_t slash = native.find_last_of('/');
+  const std::string base = slash == std::string::npos ? native : native.substr(slash + 1);
+  if (base.size() > 1 && base[0] == '.' && base != "..")
+    attr |= FILE_ATTRIBUTE_HIDDEN;
+  return attr ? attr : FILE_ATTRIBUTE_NORMAL;
+}
+
 // Windows tells a missing file (2) from a missing directory on the way to it
 // (3); POSIX says ENOENT for both, so look at the parent.
 void FailOnMissing(const std::string& native) {
@@ -78,6 +95,8 @@ std::string PathToNative(LPCWSTR path) {
       c = '/';
   return native;
 }
+
+namespace {
 
 // Win32's own wording, so that both builds show users the same reasons.
 struct MessageEntry {
@@ -160,52 +179,19 @@ UINT GetACP() {
 
 void SetAnsiCodePage(UINT codePage) { g_ansiOverride = codePage; }
 
-// The iconv name of a Win32 code page number, or null when there is none.
-static const char* IconvName(UINT cp) {
-  static char buf[32];
-  switch (cp) {
-  case CP_ACP: return IconvName(GetACP());
-  case CP_OEMCP: case 437: return "CP437";
-  case CP_UTF8: return "UTF-8";
-  case CP_UTF7: return "UTF-7";
-  case 1200: case 70001: return "UTF-16LE";
-  case 1201: case 70000: return "UTF-16BE";
-  case 12000: return "UTF-32LE";
-  case 12001: return "UTF-32BE";
-  case 20127: return "ASCII";
-  case 20866: return "KOI8-R";
-  case 21866: return "KOI8-U";
-  case 10000: return "MACINTOSH";
-  case 932: return "CP932";
-  case 936: return "CP936";
-  case 949: return "CP949";
-  case 950: return "CP950";
-  case 51932: return "EUC-JP";
-  case 51949: return "EUC-KR";
-  case 54936: return "GB18030";
-  case 50220: return "ISO-2022-JP";
-  case 20932: return "EUC-JP";
-  case 52936: return "HZ";
-  }
-  if (cp >= 1250 && cp <= 1258) {
-    snprintf(buf, sizeof buf, "CP%u", cp);
-    return buf;
-  }
-  if ((cp >= 850 && cp <= 869) || cp == 737 || cp == 775 || cp == 874) {
-    snprintf(buf, sizeof buf, "CP%u", cp);
-    return buf;
-  }
-  if (cp >= 28591 && cp <= 28606 && cp != 28602) {
-    snprintf(buf, sizeof buf, "ISO-8859-%u", cp - 28590);
-    return buf;
-  }
-  return nullptr;
+// The iconv name of a Win32 code page number (VnCodePages.h), or empty.
+static std::string IconvName(UINT cp) {
+  if (cp == CP_ACP)
+    cp = GetACP();
+  else if (cp == CP_OEMCP)
+    cp = 437;
+  return VnConverterName(cp);
 }
 
-static iconv_t OpenIconv(const char* to, const char* from) {
-  if (!to || !from)
+static iconv_t OpenIconv(const std::string& to, const std::string& from) {
+  if (to.empty() || from.empty())
     return reinterpret_cast<iconv_t>(-1);
-  return iconv_open(to, from);
+  return iconv_open(to.c_str(), from.c_str());
 }
 
 bool IsValidCodePage(UINT codePage) {
@@ -273,6 +259,11 @@ std::string WideToMultiByte(UINT codePage, const WCHAR* text, int count) {
     count = 0;
     while (text[count])
       ++count;
+  }
+  if (codePage == CP_UTF8) {  // the one encoder, which both builds share
+    std::string out;
+    VnAppendUtf8(text, static_cast<size_t>(count), out);
+    return out;
   }
   iconv_t cd = OpenIconv(IconvName(codePage), "UTF-16LE");
   if (cd == reinterpret_cast<iconv_t>(-1)) {
@@ -410,7 +401,7 @@ bool DeleteFile(LPCWSTR path) {
 bool MoveFile(LPCWSTR from, LPCWSTR to) {
   std::string src = PathToNative(from), dst = PathToNative(to);
   struct stat st;
-  if (::stat(dst.c_str(), &st) == 0) {  // MoveFile never replaces
+  if (::lstat(dst.c_str(), &st) == 0) {  // MoveFile never replaces
     t_lastError = ERROR_ALREADY_EXISTS;
     return false;
   }
@@ -418,15 +409,13 @@ bool MoveFile(LPCWSTR from, LPCWSTR to) {
 }
 
 DWORD GetFileAttributes(LPCWSTR path) {
+  const std::string native = PathToNative(path);
   struct stat st;
-  if (::stat(PathToNative(path).c_str(), &st) != 0) {
-    FailWithErrno();
-    return 0xFFFFFFFFu;
+  if (native.empty() || ::stat(native.c_str(), &st) != 0) {
+    FailOnMissing(native);
+    return INVALID_FILE_ATTRIBUTES;
   }
-  DWORD attrs = S_ISDIR(st.st_mode) ? 0x10u : 0;
-  if (access(PathToNative(path).c_str(), W_OK) != 0)
-    attrs |= 0x1u;
-  return attrs ? attrs : 0x80u;
+  return AttributesOf(native, st);
 }
 
 WideText TempDirectory() {
@@ -454,7 +443,8 @@ bool CreateDirectory(LPCWSTR path) {
 }
 
 // The bytes go through the seam's own file calls, so every failure carries
-// the same codes as an open, read or write would.
+// the same codes as an open, read or write would; the copy gets the
+// source's permissions, as Win32's copy gets its attributes.
 bool CopyFile(LPCWSTR from, LPCWSTR to, bool failIfExists) {
   FileHandle in = OpenFile(from, kRead, kOpenExisting);
   if (in == kInvalidFile)
@@ -466,6 +456,9 @@ bool CopyFile(LPCWSTR from, LPCWSTR to, bool failIfExists) {
     t_lastError = err;
     return false;
   }
+  struct stat st;
+  if (fstat(static_cast<int>(in), &st) == 0)
+    fchmod(static_cast<int>(out), st.st_mode & 07777);
   char buffer[65536];
   DWORD got = 0, put = 0;
   bool ok = true;

@@ -1,10 +1,12 @@
-// OsSeam.h - the operating system services the portable half stands on.
+// OsSeam.h - the operating system services the portable code stands on.
 //
-// Files, code page conversion, the ANSI code page, temporary names and the
-// last error, in Win32's terms: failures are Win32 error codes, code pages are
-// Win32 numbers.  OsWin32.cpp calls the real API; OsPosix.cpp maps POSIX and
-// iconv onto the same contract (errno becomes the matching Win32 code), so the
-// layer above cannot tell the platforms apart.
+// The one seam between the component and the system: files, paths, file
+// mapping, times, code pages and their conversion, the ANSI code page,
+// temporary names and the last error, in Win32's terms: failures are Win32
+// error codes, code pages are Win32 numbers.  The Os*Win32.cpp files call the
+// real API; the Os*Posix.cpp files map POSIX and iconv onto the same contract
+// (errno becomes the matching Win32 code), one behaviour per operation, so
+// the code above cannot tell the platforms apart.
 #ifndef VN_AFX_OS_OSSEAM_H
 #define VN_AFX_OS_OSSEAM_H
 
@@ -36,6 +38,15 @@ bool IsValidCodePage(UINT codePage);
 // is empty and the last error set when the code page is unknown.
 WideText MultiByteToWide(UINT codePage, const char* bytes, int count);
 std::string WideToMultiByte(UINT codePage, const WCHAR* text, int count);
+// GetCPInfo: the UTF-16 pages are no code pages to it.
+bool GetCPInfo(UINT codePage, CPINFO& info);
+// GetCPInfoExW when the system has it, else null.  Natively the names are
+// those of the code page table (VnCodePages.h).
+typedef int (*GetCPInfoExFn)(UINT codePage, DWORD flags, CPINFOEXW* info);
+GetCPInfoExFn FindGetCPInfoEx();
+// Test hook: true makes FindGetCPInfoEx answer null, as on a system without
+// GetCPInfoExW.
+void HideGetCPInfoExForTesting(bool hide);
 
 //===-- Files --------------------------------------------------------------===//
 
@@ -61,9 +72,12 @@ bool GetFileSize(FileHandle h, uint64_t& size);
 bool SetFileSize(FileHandle h, uint64_t size);
 bool FlushFile(FileHandle h);
 bool DeleteFile(LPCWSTR path);
+// Never replaces: an existing target, even a dangling link, fails with 183.
 bool MoveFile(LPCWSTR from, LPCWSTR to);
 // Attributes in Win32's terms (FILE_ATTRIBUTE_DIRECTORY = 0x10, read-only =
-// 0x1, normal = 0x80); 0xFFFFFFFF when the path does not exist.
+// 0x1, hidden = 0x2, normal = 0x80); 0xFFFFFFFF when the path does not
+// exist.  Natively read-only is a missing owner write bit (what
+// SetFileAttributes takes away), hidden a name that starts with a dot.
 DWORD GetFileAttributes(LPCWSTR path);
 // The directory for temporary files, ending in a separator.
 WideText TempDirectory();
@@ -80,6 +94,33 @@ WideText CurrentDirectory();
 WideText ModuleFileName();
 // Bytes free to the caller on the volume that holds path.
 bool DiskFreeSpace(LPCWSTR path, uint64_t& freeToCaller);
+// GetFullPathNameW: the full form of a path; empty with the last error set
+// on failure.  Natively made by text (OsFullPathPosix.cpp).
+WideText FullPathName(LPCWSTR path);
+// GetDriveTypeW of a root ("c:\\"); natively "/" is a fixed disk (3) and a
+// drive letter names no root (1).
+UINT DriveType(LPCWSTR root);
+// FindFirstFileW of one name (no wildcards).  Natively there is no creation
+// time (zero), and a name starting with a dot is hidden.
+bool FindFile(LPCWSTR path, WIN32_FIND_DATAW& found);
+// Null times are left as they are.
+bool SetFileTimes(LPCWSTR path, const FILETIME* creation, const FILETIME* access, const FILETIME* modified);
+bool FileTimeToSystemTime(const FILETIME& ft, SYSTEMTIME& st);
+bool SystemTimeToFileTime(const SYSTEMTIME& st, FILETIME& ft);
+// Creates a new empty file named dir\PREuuuu.tmp and gives its name; empty
+// on failure.
+WideText TempFileName(LPCWSTR dir, LPCWSTR prefix3);
+
+//===-- Mapping ------------------------------------------------------------===//
+
+// Opens for mapping with the open-always disposition: a missing file is made.
+FileHandle OpenForMapping(LPCWSTR path, bool write);
+// A mapping object; natively there is none and any non-zero value stands
+// for it.  0 on failure.
+FileHandle CreateMapping(FileHandle file, bool write);
+void* MapView(FileHandle file, FileHandle mapping, DWORD size, bool write);
+bool UnmapView(void* view, DWORD size);
+bool CloseMapping(FileHandle mapping);
 
 //===-- Memory -------------------------------------------------------------===//
 

@@ -1,6 +1,8 @@
 // OsWin32.cpp - the OS seam over the real Win32 API: one call each.
 #include "afx/os/OsSeam.h"
 
+#include <vector>
+
 namespace vn {
 namespace os {
 
@@ -121,10 +123,23 @@ bool DeleteFile(LPCWSTR path) { return ::DeleteFileW(path) != 0; }
 bool MoveFile(LPCWSTR from, LPCWSTR to) { return ::MoveFileW(from, to) != 0; }
 DWORD GetFileAttributes(LPCWSTR path) { return ::GetFileAttributesW(path); }
 
+// A getter of Win32's buffer form, asked with a growing buffer until its
+// answer fits: the whole text, or empty on failure.
+template <class Getter>
+static WideText Whole(Getter getter) {
+  std::vector<WCHAR> buffer(MAX_PATH + 1);
+  for (;;) {
+    const DWORD n = getter(static_cast<DWORD>(buffer.size()), buffer.data());
+    if (n == 0)
+      return WideText();
+    if (n < buffer.size() - 1 || (n == buffer.size() - 1 && buffer[n] == 0))
+      return WideText(buffer.data(), n);
+    buffer.resize(buffer.size() * 2 > n + 1 ? buffer.size() * 2 : n + 1);
+  }
+}
+
 WideText TempDirectory() {
-  WCHAR buf[MAX_PATH + 1];
-  DWORD n = ::GetTempPathW(MAX_PATH + 1, buf);
-  return WideText(buf, n);
+  return Whole([](DWORD size, LPWSTR buf) { return ::GetTempPathW(size, buf); });
 }
 
 bool CreateDirectory(LPCWSTR path) { return ::CreateDirectoryW(path, nullptr) != 0; }
@@ -132,15 +147,11 @@ bool CopyFile(LPCWSTR from, LPCWSTR to, bool failIfExists) { return ::CopyFileW(
 bool SetFileAttributes(LPCWSTR path, DWORD attributes) { return ::SetFileAttributesW(path, attributes) != 0; }
 
 WideText CurrentDirectory() {
-  WCHAR buf[MAX_PATH + 1];
-  DWORD n = ::GetCurrentDirectoryW(MAX_PATH + 1, buf);
-  return n <= MAX_PATH ? WideText(buf, n) : WideText();
+  return Whole([](DWORD size, LPWSTR buf) { return ::GetCurrentDirectoryW(size, buf); });
 }
 
 WideText ModuleFileName() {
-  WCHAR buf[MAX_PATH];
-  DWORD n = ::GetModuleFileNameW(nullptr, buf, MAX_PATH);
-  return WideText(buf, n < MAX_PATH ? n : 0);
+  return Whole([](DWORD size, LPWSTR buf) { return ::GetModuleFileNameW(nullptr, buf, size); });
 }
 
 bool DiskFreeSpace(LPCWSTR path, uint64_t& freeToCaller) {

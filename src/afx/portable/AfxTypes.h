@@ -128,10 +128,63 @@ typedef uint32_t COLORREF;
 #define ERROR_TOO_MANY_LINKS 1142u
 #define ERROR_CANT_RESOLVE_FILENAME 1921u
 
+// Times: 100-nanosecond intervals since 1 January 1601 (UTC), in two
+// halves; and a calendar date with its time of day.
+struct FILETIME {
+  DWORD dwLowDateTime;
+  DWORD dwHighDateTime;
+};
+struct SYSTEMTIME {
+  WORD wYear;
+  WORD wMonth;
+  WORD wDayOfWeek;
+  WORD wDay;
+  WORD wHour;
+  WORD wMinute;
+  WORD wSecond;
+  WORD wMilliseconds;
+};
+
+#define FILE_ATTRIBUTE_READONLY 0x1u
+#define FILE_ATTRIBUTE_HIDDEN 0x2u
+#define FILE_ATTRIBUTE_DIRECTORY 0x10u
+#define FILE_ATTRIBUTE_ARCHIVE 0x20u
+#define FILE_ATTRIBUTE_NORMAL 0x80u
+#define INVALID_FILE_ATTRIBUTES 0xFFFFFFFFu
+struct WIN32_FIND_DATAW {
+  DWORD dwFileAttributes;
+  FILETIME ftCreationTime;
+  FILETIME ftLastAccessTime;
+  FILETIME ftLastWriteTime;
+  DWORD nFileSizeHigh;
+  DWORD nFileSizeLow;
+  DWORD dwReserved0;
+  DWORD dwReserved1;
+  WCHAR cFileName[MAX_PATH];
+  WCHAR cAlternateFileName[14];
+};
+
+#define MAX_DEFAULTCHAR 2
+#define MAX_LEADBYTES 12
+struct CPINFO {
+  UINT MaxCharSize;
+  BYTE DefaultChar[MAX_DEFAULTCHAR];
+  BYTE LeadByte[MAX_LEADBYTES];
+};
+struct CPINFOEXW {
+  UINT MaxCharSize;
+  BYTE DefaultChar[MAX_DEFAULTCHAR];
+  BYTE LeadByte[MAX_LEADBYTES];
+  WCHAR UnicodeDefaultChar;
+  UINT CodePage;
+  WCHAR CodePageName[MAX_PATH];
+};
+
 #endif  // _WIN32
 
 // The component's export annotation: every symbol of the DLL is exported by
-// the linker, so this stays empty; it marks the public surface for readers.
+// the linker, so this stays empty; it marks the public surface for readers
+// (docs/dll-boundary.md).
 #define VN_API
 
 #endif  // VN_AFX_AFXTYPES_H

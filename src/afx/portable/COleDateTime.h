@@ -20,23 +20,6 @@ typedef double DATE;
 typedef DWORD LCID;
 #define LOCALE_USER_DEFAULT 0x0400u
 #define LANG_USER_DEFAULT 0x0400u
-
-struct SYSTEMTIME {
-  WORD wYear;
-  WORD wMonth;
-  WORD wDayOfWeek;
-  WORD wDay;
-  WORD wHour;
-  WORD wMinute;
-  WORD wSecond;
-  WORD wMilliseconds;
-};
-
-// 100-nanosecond intervals since 1 January 1601 (UTC), in two halves.
-struct FILETIME {
-  DWORD dwLowDateTime;
-  DWORD dwHighDateTime;
-};
 #endif
 
 class VN_API COleDateTime {

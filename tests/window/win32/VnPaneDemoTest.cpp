@@ -1,12 +1,14 @@
 // VnPaneDemoTest.cpp - two panes filled from a real comparison, the way a
-// host fills them: the change records of Compare walked in order, changed
-// lines coloured with the default replace, delete and insert formats, and
-// blank rows inserted so that equal lines stand level.  The window's
+// host fills them: the change records of Compare walked in order and placed
+// by the comparison's spans, changed lines coloured with the default
+// replace, delete and insert formats, and blank rows inserted so that equal
+// lines stand level.  The window's
 // picture is written to <build>/screenshots/panes.png for a person to look
 // at.
 #include "PaneTestSupport.h"
 #include "Screenshot.h"
 
+#include "compare/VnComparison.h"
 #include "options/VnDisplayOptions.h"
 
 #include <gtest/gtest.h>
@@ -59,30 +61,29 @@ struct SideBySide {
   CVnRichEditPane& Right() { return right.Edit(); }
 };
 
-// One side of the host's walk: the pane, the last line of its file passed,
-// the blank rows added so far and where they went (1-based rows).
+// One side of the host's walk: the pane, the blank rows added so far and
+// where they went (1-based rows).
 struct Side {
   CVnRichEditPane& edit;
-  long done = 0, added = 0;
+  long added = 0;
   std::set<int> padding;
 };
 
 // The host's walk: each record colours its lines on the side(s) it has and
-// pads the shorter side below them with blank rows.  A record's unused
-// side holds 0, so where an insert or a delete falls on the other side
-// follows from the equal lines since the last record.
-void Align(Side (&sides)[2], const CPtrArray& changes, const CVnOptionState& formats) {
-  for (INT_PTR k = 0; k < changes.GetSize(); ++k) {
-    const CVnDiffChange& change = *static_cast<const CVnDiffChange*>(changes.GetAt(k));
-    long start[2] = {change.StartSource(), change.StartTarget()};
-    long count[2] = {change.SourceChangeLen(), change.TargetChangeLen()};
+// pads the shorter side below them with blank rows.  Where an insert or a
+// delete falls on the other side comes from the comparison's spans.
+void Align(Side (&sides)[2], const CVnDiffChangeList& changes, const CVnOptionState& formats) {
+  const std::vector<CVnChangeSpan> spans = VnChangeSpans(changes, false);
+  ASSERT_EQ(static_cast<size_t>(changes.GetSize()), spans.size());
+  for (size_t k = 0; k < spans.size(); ++k) {
+    const CVnDiffChange::Action action = changes[static_cast<INT_PTR>(k)]->GetAction();
+    const long start[2] = {spans[k].m_nSourceBegin + 1, spans[k].m_nTargetBegin + 1};
+    const long count[2] = {spans[k].m_nSourceCount, spans[k].m_nTargetCount};
     const CHARFORMATW* format[2] = {&formats.GetReplaceCharFormat(), &formats.GetReplaceCharFormat()};
-    int only = change.GetAction() == CVnDiffChange::Delete ? 0 : change.GetAction() == CVnDiffChange::Insert ? 1 : -1;
-    if (only >= 0) {  // the other side has no lines in this record
-      count[1 - only] = 0;
-      start[1 - only] = sides[1 - only].done + (start[only] - sides[only].done);
-      format[only] = only == 0 ? &formats.GetDeleteCharFormat() : &formats.GetInsertCharFormat();
-    }
+    if (action == CVnDiffChange::Delete)
+      format[0] = &formats.GetDeleteCharFormat();
+    if (action == CVnDiffChange::Insert)
+      format[1] = &formats.GetInsertCharFormat();
     for (int side = 0; side < 2; ++side) {
       Side& s = sides[side];
       int row = static_cast<int>(start[side] + s.added), end = row + static_cast<int>(count[side]);
@@ -93,7 +94,6 @@ void Align(Side (&sides)[2], const CPtrArray& changes, const CVnOptionState& for
         s.added += s.edit.InsertBlankLines(end, gap, 0, 0);
       for (int r = end; r < end + gap; ++r)
         s.padding.insert(r);
-      s.done = start[side] + count[side] - 1;
     }
   }
 }
@@ -133,7 +133,7 @@ TEST(VnPaneDemo, EqualLinesStandLevelAndChangesShowInTheDefaultFormats) {
   panes.left.Fill(kSource, L"\r\n");  // neither file has a '|' for Fill to take as a break
   panes.right.Fill(kTarget, L"\r\n");
   CVnOptionState formats;
-  Side sides[2] = {{panes.Left(), 0, 0, {}}, {panes.Right(), 0, 0, {}}};
+  Side sides[2] = {{panes.Left(), 0, {}}, {panes.Right(), 0, {}}};
   Align(sides, changes, formats);
 
   // Both sides have one row for each aligned row.
