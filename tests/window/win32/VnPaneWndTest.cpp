@@ -145,6 +145,26 @@ TEST(VnPaneWndSetDefaultText, ShowsTextAndNumbersForEveryKindOfBuffer) {
   }
 }
 
+// Both children show their new text in the format given, whatever format
+// the text they had was in.
+TEST(VnPaneWndSetDefaultText, ShowsTheTextInTheFormatGiven) {
+  HostedPane<> p;
+  p.Load(L"old|text");
+  p.pane.ColorSelection(1, 2, vn::test::ColorFormat(RGB(255, 0, 0)));
+  CHARFORMATW format = p.pane.GetDefaultCharFormat();
+  format.yHeight = 280;
+  std::wstring text = L"new\r\ntext";
+  p.pane.SetDefaultText(reinterpret_cast<unsigned char*>(&text[0]), static_cast<int>(text.size() * 2), format);
+  for (CVnRichEditPane* child : {static_cast<CVnRichEditPane*>(&p.TextPane()), static_cast<CVnRichEditPane*>(&p.Numbers())}) {
+    CHARFORMATW read = {};
+    child->SetSel(0, -1);
+    child->GetSelectionCharFormat(read);
+    EXPECT_STREQ(format.szFaceName, read.szFaceName);
+    EXPECT_EQ(280, read.yHeight);
+    EXPECT_EQ(format.crTextColor, read.crTextColor);
+  }
+}
+
 TEST(VnPaneWndSetDefaultText, TakesALineOfOneMegabyteWhole) {
   HostedPane<> p;
   std::wstring line(1 << 20, L'x');
