@@ -181,6 +181,25 @@ std::wstring NumberedRows(int count) {
   return rows;
 }
 
+// The control's own limit on its length (32767 characters unless told)
+// doesn't apply: a long file takes gaps and lines like a short one.
+TEST(VnPaneWndRows, LongTextTakesRowsLikeAShortOne) {
+  HostedPane<> p;
+  std::wstring rows;
+  for (int k = 0; k < 3000; ++k)
+    rows += (k ? L"|" : L"") + std::wstring(30, L'a' + k % 26);
+  p.Load(rows);
+  ASSERT_GT(p.TextPane().GetTextLength(), 65536);
+  EXPECT_EQ(2, p.pane.InsertBlankLines(2, 2, 0, 0));
+  vn::test::WideLineSet other(L"x\r\n");
+  EXPECT_EQ(1, p.pane.InsertDeletedLines(other.arg, 1, 1, 3000, 0, 0, p.pane.GetDefaultCharFormat()));
+  EXPECT_EQ(3003, p.TextPane().GetLineCount());
+  EXPECT_EQ(3003, p.Numbers().GetLineCount());
+  CString line;
+  p.TextPane().GetPaneLine(2999, line);
+  EXPECT_STREQ(L"x", line.GetString());
+}
+
 // Whatever the text pane makes of a scroll message, the number column
 // comes to the same first line; also when it has no width.
 TEST(VnPaneWndScroll, NumberColumnFollowsEveryVerticalMovement) {
