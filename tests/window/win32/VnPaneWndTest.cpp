@@ -5,13 +5,17 @@
 
 #include "window/VnPaneMessages.h"
 #include "window/VnPaneSync.h"
+#include "window/VnReconcileFrame.h"
+#include "window/VnRichEditSplitterWnd.h"
 
 #include <commctrl.h>
 
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <memory>
 #include <string>
+#include <vector>
 
 using vn::test::HostedPane;
 using vn::test::PlaceInParent;
@@ -266,6 +270,54 @@ TEST(VnPaneWndMessages, GoToBeginningAndFormatsReachBothChildren) {
     child->SetSel(0, -1);
     child->GetSelectionCharFormat(read);
     EXPECT_EQ(300, read.yHeight);
+  }
+}
+
+// The least frame: nothing of its own to compare or show, and a tab size of
+// its own, which the panes below it are to read.
+class Frame : public CVnReconcileFrame {
+public:
+  Frame() { m_DisplayOptions.SetTabSize(7); }
+  int CanFind() override { return 1; }
+
+protected:
+  int SetupStatusBar() override { return 1; }
+  int SetupToolBar() override { return 1; }
+  int DoDiff() override { return 1; }
+  int DoDisplay() override { return 1; }
+};
+
+// A pane reaches its frame through at most two splitters; below a third
+// it has no frame and reads its own values.
+TEST(VnPaneWndParentFrame, ClimbsAtMostTwoSplitters) {
+  for (int levels = 0; levels <= 3; ++levels) {
+    const DWORD style = WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN;
+    Frame frame;
+    ASSERT_TRUE(frame.Create(nullptr, L"", style, RECT{0, 0, 400, 300}, &vn::test::HostWindow()));
+    std::vector<std::unique_ptr<CVnRichEditSplitterWnd>> splitters;
+    CWnd* parent = &frame;
+    for (int k = 0; k < levels; ++k) {
+      splitters.push_back(std::make_unique<CVnRichEditSplitterWnd>());
+      UINT id = k ? static_cast<UINT>(CSplitterWnd::IdFromRowCol(0, 0)) : AFX_IDW_PANE_FIRST;
+      ASSERT_TRUE(splitters.back()->CreateStatic(parent, 1, 1, style, id));
+      parent = splitters.back().get();
+    }
+    CVnPaneWnd* pane = nullptr;
+    std::unique_ptr<CVnPaneWnd> own;
+    if (levels) {
+      ASSERT_TRUE(splitters.back()->CreateView(0, 0, RUNTIME_CLASS(CVnPaneWnd), SIZE{300, 200}));
+      pane = static_cast<CVnPaneWnd*>(splitters.back()->GetPane(0, 0));
+    } else {
+      own = std::make_unique<CVnPaneWnd>();
+      ASSERT_TRUE(own->CreateEx(0, nullptr, L"", style, RECT{0, 0, 300, 200}, &frame, AFX_IDW_PANE_FIRST));
+      pane = own.get();
+    }
+    bool reaches = levels <= 2;
+    EXPECT_EQ(reaches ? &frame : nullptr, pane->GetParentFrame()) << levels;
+    EXPECT_EQ(reaches ? 7u : 4u, pane->GetDisplayOptions().GetTabSize()) << levels;
+    own.reset();
+    while (!splitters.empty())  // the innermost first: a splitter deletes its panes
+      splitters.pop_back();
   }
 }
 
