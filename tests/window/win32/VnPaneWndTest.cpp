@@ -185,43 +185,27 @@ std::wstring NumberedRows(int count) {
   return rows;
 }
 
-// The control's own limit on its length (32767 characters unless told)
-// doesn't apply: a long file takes gaps and lines like a short one.
-TEST(VnPaneWndRows, LongTextTakesRowsLikeAShortOne) {
-  HostedPane<> p;
-  std::wstring rows;
-  for (int k = 0; k < 3000; ++k)
-    rows += (k ? L"|" : L"") + std::wstring(30, L'a' + k % 26);
-  p.Load(rows);
-  ASSERT_GT(p.TextPane().GetTextLength(), 65536);
-  EXPECT_EQ(2, p.pane.InsertBlankLines(2, 2, 0, 0));
-  vn::test::WideLineSet other(L"x\r\n");
-  EXPECT_EQ(1, p.pane.InsertDeletedLines(other.arg, 1, 1, 3000, 0, 0, p.pane.GetDefaultCharFormat()));
-  EXPECT_EQ(3003, p.TextPane().GetLineCount());
-  EXPECT_EQ(3003, p.Numbers().GetLineCount());
-  CString line;
-  p.TextPane().GetPaneLine(2999, line);
-  EXPECT_STREQ(L"x", line.GetString());
-}
-
 // Whatever the text pane makes of a scroll message, the number column
-// comes to the same first line; also when it has no width.
+// comes to the same first line, also when it has no width; the return to
+// the beginning brings both to the top.
 TEST(VnPaneWndScroll, NumberColumnFollowsEveryVerticalMovement) {
   for (int width : {40, 0}) {
     HostedPane<> p;
     p.Load(NumberedRows(200));
     p.pane.SendMessage(WM_PANE_RESIZEINTERNALPANES, 0, width);
     struct Move {
-      UINT code, pos;
-    } moves[] = {{SB_LINEDOWN, 0}, {SB_PAGEDOWN, 0}, {SB_THUMBTRACK, 120}, {SB_LINEUP, 0}, {SB_TOP, 0}};
+      UINT message, code, pos;
+    } moves[] = {{WM_VSCROLL, SB_LINEDOWN, 0}, {WM_VSCROLL, SB_PAGEDOWN, 0}, {WM_VSCROLL, SB_THUMBTRACK, 120},
+                 {WM_VSCROLL, SB_LINEUP, 0}, {WM_PANE_GOTOBEGINNING, 0, 0}};
     int before = -1;
     for (const Move& m : moves) {
-      p.pane.SendMessage(WM_VSCROLL, MAKEWPARAM(m.code, m.pos), 0);
+      p.pane.SendMessage(m.message, m.message == WM_VSCROLL ? MAKEWPARAM(m.code, m.pos) : 0, 0);
       int first = p.TextPane().GetFirstVisibleLine();
       EXPECT_NE(before, first) << "code " << m.code << ": the text moved";
       EXPECT_EQ(first, p.Numbers().GetFirstVisibleLine()) << "width " << width << ", code " << m.code;
       before = first;
     }
+    EXPECT_EQ(0, before);
   }
 }
 
@@ -252,25 +236,6 @@ TEST(VnPaneWndSynchronize, PassFromAnotherPaneScrollsTextAndNumbers) {
                                   reinterpret_cast<LPARAM>(&other.pane)));
   EXPECT_EQ(70, p.TextPane().GetFirstVisibleLine());
   EXPECT_EQ(70, p.Numbers().GetFirstVisibleLine());
-}
-
-TEST(VnPaneWndMessages, GoToBeginningAndFormatsReachBothChildren) {
-  HostedPane<> p;
-  p.Load(NumberedRows(200));
-  p.pane.SendMessage(WM_VSCROLL, MAKEWPARAM(SB_THUMBTRACK, 90), 0);
-  EXPECT_EQ(0, p.pane.SendMessage(WM_PANE_GOTOBEGINNING));
-  EXPECT_EQ(0, p.TextPane().GetFirstVisibleLine());
-  EXPECT_EQ(0, p.Numbers().GetFirstVisibleLine());
-
-  CHARFORMATW format = p.pane.GetDefaultCharFormat();
-  format.yHeight = 300;
-  EXPECT_NE(0, p.pane.SendMessage(WM_PANE_SETDEFAULTCHARFORMAT, 0, reinterpret_cast<LPARAM>(&format)));
-  for (CVnRichEditPane* child : {static_cast<CVnRichEditPane*>(&p.TextPane()), static_cast<CVnRichEditPane*>(&p.Numbers())}) {
-    CHARFORMATW read = {};
-    child->SetSel(0, -1);
-    child->GetSelectionCharFormat(read);
-    EXPECT_EQ(300, read.yHeight);
-  }
 }
 
 // The least frame: nothing of its own to compare or show, and a tab size of
@@ -319,20 +284,6 @@ TEST(VnPaneWndParentFrame, ClimbsAtMostTwoSplitters) {
     while (!splitters.empty())  // the innermost first: a splitter deletes its panes
       splitters.pop_back();
   }
-}
-
-// The pane never closes itself: the request goes to its parent.
-TEST(VnPaneWndClose, PassesCloseToItsParent) {
-  struct Parent : CWnd {
-    int closes = 0;
-    void OnClose() override { ++closes; }
-  } parent;
-  ASSERT_TRUE(parent.CreateEx(0, nullptr, L"", WS_CHILD | WS_VISIBLE, RECT{0, 0, 300, 200}, &vn::test::HostWindow(), 7));
-  HostedPane<> p(300, 200, 100, &parent);
-  p.pane.SendMessage(WM_CLOSE);
-  vn::test::PumpMessages();
-  EXPECT_TRUE(::IsWindow(p.pane));
-  EXPECT_EQ(1, parent.closes);
 }
 
 }  // namespace
