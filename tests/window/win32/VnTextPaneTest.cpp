@@ -119,7 +119,8 @@ TEST(VnTextPaneSearch, FirstHitOfANewSearchComesToTheTop) {
 }
 
 // Closing the dialog collapses the selection at its end in the search
-// direction, searches nothing, and the pane forgets the dialog.
+// direction, searches nothing, and the pane forgets the dialog; FindNext
+// with no search text brings it back.
 TEST(VnTextPaneFindDialog, ClosingCollapsesTheSelectionAndForgetsTheDialog) {
   for (bool down : {true, false}) {
     SearchedPane s(L"one two one");
@@ -134,6 +135,11 @@ TEST(VnTextPaneFindDialog, ClosingCollapsesTheSelectionAndForgetsTheDialog) {
     EXPECT_EQ(std::make_pair(at, at), Selection(s.p.TextPane())) << down;
     EXPECT_EQ(nullptr, CVnTextPane::m_pFindDialog);
     EXPECT_TRUE(prompt.Asked().empty());
+    // Without a search text, FindNext opens the dialog again.
+    FreshSearch::Reset();
+    s.p.TextPane().FindNext();
+    s.dialog = vn::test::WaitForDialog(nullptr, L"(left.txt)");
+    EXPECT_TRUE(s.dialog && vn::test::GetItemText(s.dialog, kFindText).empty());
   }
 }
 
