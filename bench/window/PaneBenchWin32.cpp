@@ -119,7 +119,8 @@ int main(int argc, char** argv) {
   auto fill = [&](CVnPaneWnd& pane) { pane.SetDefaultText(file.Bytes(), file.Size(), pane.GetDefaultCharFormat()); };
 
   ReportFresh("SetDefaultText", repeats, fill);
-  ReportFresh("text only", repeats, [&](CVnPaneWnd& pane) { pane.GetTextPane()->SetPaneText(file.Bytes(), file.Size()); });
+  ReportFresh("text only", repeats,
+              [&](CVnPaneWnd& pane) { pane.GetTextPane()->SetPaneText(file.Bytes(), file.Size()); });
   ReportFresh("numbers only", repeats, [&](CVnPaneWnd& pane) { pane.GetLineNumPane()->DisplayLineNumbers(lines + 1); });
   ReportFresh("numbers string", repeats, [&](CVnPaneWnd&) {
     CString numbers;

@@ -99,7 +99,8 @@ int CVnPaneWnd::CreateLineNumPane(CRect& rect) {
 // Text pane first, then the number column: each window, then its object.
 void CVnPaneWnd::OnDestroy() {
   CWnd::OnDestroy();
-  for (CVnRichEditPane* child : {static_cast<CVnRichEditPane*>(m_pTextPane), static_cast<CVnRichEditPane*>(m_pLineNumPane)}) {
+  CVnRichEditPane* children[] = {m_pTextPane, m_pLineNumPane};
+  for (CVnRichEditPane* child : children) {
     if (child && child->m_hWnd)
       child->DestroyWindow();
     delete child;

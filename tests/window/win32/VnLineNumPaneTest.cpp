@@ -123,7 +123,8 @@ TEST(VnLineNumPaneInput, IgnoresClicksAndHasTheScrollBarColour) {
   HostedPane<> p;
   p.Load(L"aaaa|bbbb|cccc");
   p.pane.SendMessage(WM_PANE_RESIZEINTERNALPANES, 0, 60);
-  for (CVnRichEditPane* edit : {static_cast<CVnRichEditPane*>(&p.TextPane()), static_cast<CVnRichEditPane*>(&p.Numbers())}) {
+  CVnRichEditPane* children[] = {&p.TextPane(), &p.Numbers()};
+  for (CVnRichEditPane* edit : children) {
     edit->SetSel(0, 0);
     CPoint onRow3 = edit->PosFromChar(static_cast<UINT>(edit->LineIndex(2)));
     LPARAM at = MAKELPARAM(onRow3.x + 2, onRow3.y + 2);

@@ -159,7 +159,8 @@ TEST(VnPaneWndSetDefaultText, ShowsTheTextInTheFormatGiven) {
   format.yHeight = 280;
   std::wstring text = L"new\r\ntext";
   p.pane.SetDefaultText(reinterpret_cast<unsigned char*>(&text[0]), static_cast<int>(text.size() * 2), format);
-  for (CVnRichEditPane* child : {static_cast<CVnRichEditPane*>(&p.TextPane()), static_cast<CVnRichEditPane*>(&p.Numbers())}) {
+  CVnRichEditPane* children[] = {&p.TextPane(), &p.Numbers()};
+  for (CVnRichEditPane* child : children) {
     CHARFORMATW read = {};
     child->SetSel(0, -1);
     child->GetSelectionCharFormat(read);
