@@ -4,7 +4,6 @@
 #include "PaneTestSupport.h"
 
 #include "window/VnPaneMessages.h"
-#include "window/VnPaneSync.h"
 #include "window/VnReconcileFrame.h"
 #include "window/VnRichEditSplitterWnd.h"
 
@@ -226,17 +225,6 @@ TEST(VnPaneWndSynchronize, SelectionChangeBringsTheNumberColumnToTheTextsLine) {
     p.TextPane().SendMessage(EM_EXSETSEL, 0, reinterpret_cast<LPARAM>(&range));
     EXPECT_EQ(visible ? p.TextPane().GetFirstVisibleLine() : 0, p.Numbers().GetFirstVisibleLine()) << visible;
   }
-}
-
-// A pass from another pane: both children come to the line received.
-TEST(VnPaneWndSynchronize, PassFromAnotherPaneScrollsTextAndNumbers) {
-  HostedPane<> p, other(300, 100, 200);
-  p.Load(NumberedRows(200));
-  CVnPaneSync sync(70, 0);
-  EXPECT_EQ(0, p.pane.SendMessage(WM_PANE_SYNCHRONIZE, reinterpret_cast<WPARAM>(&sync),
-                                  reinterpret_cast<LPARAM>(&other.pane)));
-  EXPECT_EQ(70, p.TextPane().GetFirstVisibleLine());
-  EXPECT_EQ(70, p.Numbers().GetFirstVisibleLine());
 }
 
 // The least frame: nothing of its own to compare or show, and a tab size of
