@@ -1,5 +1,8 @@
-// FrameTestSupport.cpp - the test frame's message map and the logging pane.
+// FrameTestSupport.cpp - the test frame's command bindings, as a host's, and
+// the logging pane.
 #include "window/win32/FrameTestSupport.h"
+
+#include "window/VnPaneMessages.h"
 
 namespace vn {
 namespace test {
@@ -20,11 +23,11 @@ LRESULT LoggingPaneWnd::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
   if (frame && GetDlgCtrlID() == CSplitterWnd::IdFromRowCol(0, 0)) {
     const CHARFORMATW* cf = reinterpret_cast<const CHARFORMATW*>(lParam);
     if (message == WM_PANE_SETDEFAULTCHARFORMAT)
-      frame->m_log.push_back("font " + std::to_string(cf->yHeight) + " " + VnToUtf8(CString(cf->szFaceName)));
+      frame->Note("font " + std::to_string(cf->yHeight) + " " + VnToUtf8(CString(cf->szFaceName)));
     else if (message == WM_PANE_SETTABSTOPS)
-      frame->m_log.push_back("tabs " + std::to_string(wParam) + " " + std::to_string(cf->yHeight));
+      frame->Note("tabs " + std::to_string(wParam) + " " + std::to_string(cf->yHeight));
     else if (message == WM_PANE_RESIZEINTERNALPANES)
-      frame->m_log.push_back(lParam ? "resize w" : "resize 0");
+      frame->Note(lParam ? "resize w" : "resize 0");
   }
   return CVnPaneWnd::WindowProc(message, wParam, lParam);
 }

@@ -1,15 +1,14 @@
-// FrameTestSupport.h - a comparison frame as a host would make it, for the
-// frame's own tests: a hidden top-level CVnReconcileFrame whose pure
-// operations answer as scripted and write what the frame asks of them into
-// one log, with a splitter of two real panes, the left of which logs the
-// font, tab stop and resize messages it receives; and an application object
-// whose registry key is a test-only key under HKCU, deleted at the end.
+// FrameTestSupport.h - a comparison frame as a host makes it, for the
+// frame's own tests: a hidden top-level frame whose host operations answer
+// as scripted and note in one log what the frame asked of them, with a
+// splitter of two real panes, the left of which notes the option messages it
+// receives; and an application whose registry key is a test-only key under
+// HKCU that each test starts and ends without.
 #ifndef VN_TESTS_WINDOW_WIN32_FRAMETESTSUPPORT_H
 #define VN_TESTS_WINDOW_WIN32_FRAMETESTSUPPORT_H
 
 #include "afx/win32/AfxMsgMap.h"
 #include "afx/win32/CWinApp.h"
-#include "window/VnPaneMessages.h"
 #include "window/VnLineNumPane.h"
 #include "window/VnPaneWnd.h"
 #include "window/VnReconcileFrame.h"
@@ -25,42 +24,30 @@ namespace vn {
 namespace test {
 
 constexpr UINT kFind = 0x8101, kFindNext = 0x8102, kCopy = 0x8103, kPosition = 0x8104;
+constexpr const wchar_t* kTestKey = L"Software\\VnReconcileTests\\Frame";
 
-// The application of one test: its options live below kTestKey, which the
-// test starts without and leaves without.
 class FrameTestApp : public CWinApp {
 public:
-  static constexpr const wchar_t* kTestKey = L"Software\\VnReconcileTests\\Frame";
-  FrameTestApp() {
-    Clear();
-    SetRegistryKey(kTestKey);
-  }
+  FrameTestApp() { Clear(), SetRegistryKey(kTestKey); }
   ~FrameTestApp() override { Clear(); }
   static void Clear() { ::RegDeleteTreeW(HKEY_CURRENT_USER, L"Software\\VnReconcileTests"); }
 };
 
 inline void PutDword(const wchar_t* section, const wchar_t* name, DWORD value) {
-  HKEY key = nullptr;
-  std::wstring path = std::wstring(FrameTestApp::kTestKey) + L"\\" + section;
-  ASSERT_EQ(ERROR_SUCCESS, ::RegCreateKeyExW(HKEY_CURRENT_USER, path.c_str(), 0, nullptr, 0, KEY_ALL_ACCESS,
-                                             nullptr, &key, nullptr));
-  ::RegSetValueExW(key, name, 0, REG_DWORD, reinterpret_cast<const BYTE*>(&value), sizeof(value));
-  ::RegCloseKey(key);
+  std::wstring path = std::wstring(kTestKey) + L"\\" + section;
+  ASSERT_EQ(ERROR_SUCCESS, ::RegSetKeyValueW(HKEY_CURRENT_USER, path.c_str(), name, REG_DWORD, &value, 4));
 }
 
-// The stored value, or missing when there is none.
-inline DWORD GetDword(const wchar_t* section, const wchar_t* name, DWORD missing = 0xDEADBEEF) {
-  std::wstring path = std::wstring(FrameTestApp::kTestKey) + L"\\" + section;
-  DWORD value = 0, size = sizeof(value);
-  LONG got = ::RegGetValueW(HKEY_CURRENT_USER, path.c_str(), name, RRF_RT_REG_DWORD, nullptr, &value, &size);
-  return got == ERROR_SUCCESS ? value : missing;
+// The stored value; 0xDEADBEEF when there is none.
+inline DWORD GetDword(const wchar_t* section, const wchar_t* name) {
+  std::wstring path = std::wstring(kTestKey) + L"\\" + section;
+  DWORD value = 0xDEADBEEF, size = sizeof(value);
+  ::RegGetValueW(HKEY_CURRENT_USER, path.c_str(), name, RRF_RT_REG_DWORD, nullptr, &value, &size);
+  return value;
 }
 
-class TestFrame;
-
-// A real pane that notes, when it is the left one, the messages by which the
-// frame's options reach it: "font HEIGHT FACE", "tabs SIZE HEIGHT", and
-// "resize 0" or "resize w" (some width).
+// The left pane notes "font HEIGHT FACE", "tabs SIZE HEIGHT" and "resize 0"
+// or "resize w" (a width) in its frame's log.
 class LoggingPaneWnd : public CVnPaneWnd {
   DECLARE_DYNCREATE(LoggingPaneWnd)
 protected:
@@ -69,7 +56,7 @@ protected:
 
 // What the host's operations give.
 struct FrameScript {
-  int status = 1, tool = 1, diff = 1, display = 7, canFind = 1;
+  int status = 1, tool = 1, diff = 1, display = 7;
 };
 
 class TestFrame : public CVnReconcileFrame {
@@ -80,7 +67,7 @@ public:
       DestroyWindow();
   }
 
-  // A hidden frame with its bars; with a client, the splitter of two panes.
+  // The frame and its bars, hidden; with a client, the splitter and panes.
   BOOL Make(bool client = true) {
     if (!Create(nullptr, L"frame test", WS_OVERLAPPEDWINDOW, CRect(10, 10, 610, 410)))
       return FALSE;
@@ -94,32 +81,22 @@ public:
     }
     return TRUE;
   }
-
   CVnPaneWnd* Pane(int column) { return static_cast<CVnPaneWnd*>(m_splitter.GetPane(0, column)); }
   CVnTextPane* Text(int column) { return Pane(column)->GetTextPane(); }
 
   using CVnReconcileFrame::CopyToTemp;
-  using CVnReconcileFrame::OnCreate;
-  CVnDisplayOptions& Options() { return m_DisplayOptions; }
   const WINDOWPLACEMENT& Placement() const { return m_WindowPlacement; }
   const CArray<CString, const CString&>& TempNames() const { return m_TempFiles.GetNames(); }
 
-  void GetOptionsFromRegistry() override {
-    m_log.push_back("read");
-    CVnReconcileFrame::GetOptionsFromRegistry();
-  }
-  void SaveOptionsIntoRegistry() override {
-    m_log.push_back("save");
-    CVnReconcileFrame::SaveOptionsIntoRegistry();
-  }
-  void Redisplay() override { m_log.push_back("redisplay"); }
+  void GetOptionsFromRegistry() override { Note("read"), CVnReconcileFrame::GetOptionsFromRegistry(); }
+  void SaveOptionsIntoRegistry() override { Note("save"), CVnReconcileFrame::SaveOptionsIntoRegistry(); }
+  void Redisplay() override { Note("redisplay"); }
+  void Note(const std::string& what) { m_log.push_back(what); }
 
-  std::vector<std::string> m_log;
-  std::vector<std::string> m_setups;  // the bar setups OnCreate ran
-  CRect m_rectAtDisplay;           // where the window stood when DoDisplay ran
-  bool m_statusBarFirst = false;   // SetupStatusBar ran with only the status bar made
-  DWORD m_barStyleAtSetup = ~0u;   // the toolbar's bar style when SetupToolBar ran
-  CString m_format = L"Ln %d, Col %d";
+  std::vector<std::string> m_log, m_setups;  // m_setups: the bar setups OnCreate ran
+  CRect m_rectAtDisplay;                     // where the window stood in DoDisplay
+  bool m_statusBarFirst = false;             // SetupStatusBar saw no toolbar window
+  DWORD m_barStyleAtSetup = 0;               // the toolbar's bar style in SetupToolBar
 
 protected:
   int SetupStatusBar() override {
@@ -132,21 +109,16 @@ protected:
   }
   int SetupToolBar() override {
     m_setups.push_back("tool");
-    m_barStyleAtSetup = m_wndToolBar.m_hWnd ? m_wndToolBar.GetBarStyle() : ~0u;
+    m_barStyleAtSetup = m_wndToolBar.GetBarStyle();
     return m_script.tool;
   }
-  int DoDiff() override {
-    m_log.push_back("diff");
-    return m_script.diff;
+  int DoDiff() override { return Note("diff"), m_script.diff; }
+  int DoDisplay() override { return Note("display"), GetWindowRect(&m_rectAtDisplay), m_script.display; }
+  int CanFind() override { return 1; }
+  void OnUpdatePosition(CCmdUI* cmdUI) {
+    CString format = L"Ln %d, Col %d";
+    UpdateIndicatorPosition(cmdUI, format);
   }
-  int DoDisplay() override {
-    m_log.push_back("display");
-    GetWindowRect(&m_rectAtDisplay);
-    return m_script.display;
-  }
-  int CanFind() override { return m_script.canFind; }
-
-  void OnUpdatePosition(CCmdUI* cmdUI) { UpdateIndicatorPosition(cmdUI, m_format); }
   DECLARE_MESSAGE_MAP()
 
 private:
@@ -154,7 +126,6 @@ private:
   CVnRichEditSplitterWnd m_splitter;
 };
 
-// Makes the frame the active window, shown where it stands.
 inline void ShowAndActivate(CWnd& frame) {
   frame.ShowWindow(SW_SHOWNORMAL);
   ::SetForegroundWindow(frame.m_hWnd);

@@ -1,8 +1,9 @@
-// VnReconcileFrameTest.cpp - the comparison frame: creation of its bars
-// through the host, the order of one comparison, closing, the commands that
-// go to the focused text pane, activation, and its private copies.
+// VnReconcileFrameTest.cpp - the comparison frame: its bars made through
+// the host, the order of one comparison, closing, the commands that belong
+// to the focused text pane, activation, and its private copies.
 #include "ScriptedPrompt.h"
 #include "TestSupport.h"
+#include "foundation/VnFileSystem.h"
 #include "window/win32/FrameTestSupport.h"
 
 #include <commctrl.h>
@@ -10,113 +11,82 @@
 #include <memory>
 
 using namespace vn::test;
+using Log = std::vector<std::string>;
 
 namespace {
-
-using Log = std::vector<std::string>;
 
 class FrameTest : public ::testing::Test {
 protected:
   FrameTestApp m_app;
 };
 
-// A stored placement the window can't have by chance.
-void StorePlacement(const CRect& rect) {
-  const wchar_t* names[] = {L"WndPlcmntLeft", L"WndPlcmntTop", L"WndPlcmntRight", L"WndPlcmntBottom"};
-  const LONG values[] = {rect.left, rect.top, rect.right, rect.bottom};
-  PutDword(L"Display", L"WndPlcmntShow", SW_SHOWNORMAL);
-  for (int i = 0; i < 4; ++i)
-    PutDword(L"Display", names[i], static_cast<DWORD>(values[i]));
-}
-
 }  // namespace
 
-//===-- The order of one comparison ------------------------------------------===//
-
-// The options are read first in both cases; only a comparison that worked
-// places the window, and the panes are filled after that.
+// The options are read in either case; only a comparison that worked places
+// the window where it was stored, before the panes are filled.
 TEST_F(FrameTest, DiffAndDisplayPlacesTheWindowOnlyAfterASuccessfulDiff) {
   const CRect stored(40, 50, 540, 450);
-  struct Case {
-    int diff;
-    int result;
-    Log log;
-  } cases[] = {{0, 0, {"read", "diff"}}, {1, 7, {"read", "diff", "display"}}};
-  for (const Case& c : cases) {
-    StorePlacement(stored);
+  for (int diff : {0, 1}) {
+    PutDword(L"Display", L"WndPlcmntShow", SW_SHOWNORMAL);
+    PutDword(L"Display", L"WndPlcmntLeft", stored.left);
+    PutDword(L"Display", L"WndPlcmntTop", stored.top);
     PutDword(L"DisplayOptions", L"TabSize", 7);
     m_app.m_nCmdShow = SW_HIDE;
-    TestFrame frame({1, 1, c.diff});
+    TestFrame frame({1, 1, diff});
     ASSERT_TRUE(frame.Make());
-    EXPECT_EQ(c.result, frame.DiffAndDisplay());
-    EXPECT_EQ(c.log, frame.m_log);
+    EXPECT_EQ(diff ? 7 : 0, frame.DiffAndDisplay());
+    EXPECT_EQ((diff ? Log{"read", "diff", "display"} : Log{"read", "diff"}), frame.m_log);
     EXPECT_EQ(7u, frame.GetDisplayOptions().GetTabSize());
     CRect now;
     frame.GetWindowRect(&now);
-    EXPECT_EQ(c.diff != 0, frame.IsWindowVisible() != 0);
-    EXPECT_EQ(c.diff != 0, now == stored);
-    EXPECT_EQ(c.diff ? SW_SHOWNORMAL : SW_HIDE, m_app.m_nCmdShow);
-    if (c.diff)
-      EXPECT_EQ(stored, frame.m_rectAtDisplay);
+    EXPECT_EQ(diff != 0, frame.IsWindowVisible() != 0);
+    EXPECT_EQ(diff != 0, now.TopLeft() == stored.TopLeft());
+    EXPECT_EQ(diff ? SW_SHOWNORMAL : SW_HIDE, m_app.m_nCmdShow);
+    EXPECT_EQ(diff ? now : CRect(), frame.m_rectAtDisplay);
   }
 }
 
-//===-- Creation -------------------------------------------------------------===//
-
-// The host's setup runs with its bar made and the other not yet; 0 from
-// either fails the creation and stops it there.
-TEST_F(FrameTest, OnCreateFailsWhenTheHostsBarSetupFails) {
+// Each setup runs once its bar exists and before the next bar, or the
+// toolbar's styles, are made; 0 from either fails the creation there.
+TEST_F(FrameTest, OnCreateFailsWhenAHostBarSetupFails) {
   struct Case {
     int status, tool;
-    bool created;
-    Log log;
-  } cases[] = {{1, 1, true, {"status", "tool"}}, {0, 1, false, {"status"}}, {1, 0, false, {"status", "tool"}}};
+    Log setups;
+  } cases[] = {{1, 1, {"status", "tool"}}, {0, 1, {"status"}}, {1, 0, {"status", "tool"}}};
   for (const Case& c : cases) {
     TestFrame frame({c.status, c.tool});
-    EXPECT_EQ(c.created, frame.Make(false) != 0);
-    EXPECT_EQ(c.log, frame.m_setups);
+    bool created = c.status && c.tool;
+    EXPECT_EQ(created, frame.Make(false) != 0);
+    EXPECT_EQ(c.setups, frame.m_setups);
     EXPECT_TRUE(frame.m_statusBarFirst);
-    if (c.log.size() == 2)
-      EXPECT_EQ(0u, frame.m_barStyleAtSetup & CBRS_TOOLTIPS);
+    EXPECT_EQ(0u, frame.m_barStyleAtSetup & CBRS_TOOLTIPS);
+    if (created) {
+      CFlatToolBar& bar = frame.GetToolBar();
+      EXPECT_TRUE(::GetWindowLongW(bar.m_hWnd, GWL_STYLE) & TBSTYLE_FLAT);
+      const DWORD added = CBRS_TOOLTIPS | CBRS_FLYBY | CBRS_SIZE_DYNAMIC;
+      EXPECT_EQ(added, bar.GetBarStyle() & added);
+      EXPECT_EQ(static_cast<DWORD>(CBRS_ALIGN_ANY), bar.GetDockStyle());
+    }
   }
 }
 
-TEST_F(FrameTest, OnCreateGivesTheToolbarTheFlatStyleAndTheBarStyles) {
-  TestFrame frame;
-  ASSERT_TRUE(frame.Make(false));
-  CFlatToolBar& bar = frame.GetToolBar();
-  EXPECT_TRUE(::GetWindowLongW(bar.m_hWnd, GWL_STYLE) & TBSTYLE_FLAT);
-  EXPECT_EQ(static_cast<DWORD>(CBRS_TOOLTIPS | CBRS_FLYBY | CBRS_SIZE_DYNAMIC),
-            bar.GetBarStyle() & (CBRS_TOOLTIPS | CBRS_FLYBY | CBRS_SIZE_DYNAMIC));
-  EXPECT_EQ(static_cast<DWORD>(CBRS_ALIGN_ANY), bar.GetDockStyle());
-}
-
-//===-- Closing --------------------------------------------------------------===//
-
-// Only a frame the user saw keeps its options; either way it goes.
 TEST_F(FrameTest, ClosingSavesTheOptionsOfAVisibleFrameOnly) {
   for (bool visible : {false, true}) {
     TestFrame frame;
     ASSERT_TRUE(frame.Make());
-    if (visible)
-      frame.ShowWindow(SW_SHOWNORMAL);
+    frame.ShowWindow(visible ? SW_SHOWNORMAL : SW_HIDE);
     frame.SendMessage(WM_CLOSE);
     EXPECT_EQ(nullptr, frame.m_hWnd);
     EXPECT_EQ(visible ? Log{"save"} : Log{}, frame.m_log);
     EXPECT_EQ(visible ? 4u : 0xDEADBEEF, GetDword(L"DisplayOptions", L"TabSize"));
-    EXPECT_EQ(visible ? 1u : 0xDEADBEEF, GetDword(L"Display", L"WndPlcmntShow"));
   }
 }
 
-//===-- Commands routed to the focused text pane ------------------------------===//
-
-// Find and Copy belong to a text pane of this frame; with the focus
-// anywhere else Find says why it does nothing, Find Next stays silent, and
-// Copy follows the selection of any text pane.
+// With the focus outside this frame's text panes Find says why it does
+// nothing and Find Next is silent; Copy follows any text pane's selection.
 TEST_F(FrameTest, FindAsksForATextPaneWhileFindNextShowsNothing) {
   TestFrame frame, other;
-  ASSERT_TRUE(frame.Make());
-  ASSERT_TRUE(other.Make());
+  ASSERT_TRUE(frame.Make() && other.Make());
   ShowAndActivate(other);
   other.Text(0)->SetWindowText(L"some text");
   other.Text(0)->SetSel(0, 4);
@@ -124,12 +94,8 @@ TEST_F(FrameTest, FindAsksForATextPaneWhileFindNextShowsNothing) {
   HMENU menu = ::CreatePopupMenu();
   ::AppendMenuW(menu, MF_STRING, kFind, L"Find");
   ::AppendMenuW(menu, MF_STRING, kCopy, L"Copy");
-  struct Case {
-    CWnd* focus;
-    bool copyOn;
-  } cases[] = {{&frame, false}, {other.Text(0), true}};
-  for (const Case& c : cases) {
-    c.focus->SetFocus();
+  for (CWnd* focus : {static_cast<CWnd*>(&frame), static_cast<CWnd*>(other.Text(0))}) {
+    focus->SetFocus();
     ScriptedPrompt prompt({IDOK});
     frame.SendMessage(WM_COMMAND, kFindNext);
     EXPECT_TRUE(prompt.Asked().empty());
@@ -139,13 +105,12 @@ TEST_F(FrameTest, FindAsksForATextPaneWhileFindNextShowsNothing) {
     EXPECT_EQ(static_cast<UINT>(MB_ICONSTOP), prompt.Asked()[0].type);
     frame.SendMessage(WM_INITMENUPOPUP, reinterpret_cast<WPARAM>(menu), 0);
     EXPECT_TRUE(::GetMenuState(menu, kFind, MF_BYCOMMAND) & MF_GRAYED);
-    EXPECT_EQ(c.copyOn, !(::GetMenuState(menu, kCopy, MF_BYCOMMAND) & MF_GRAYED));
+    EXPECT_EQ(focus == &frame, (::GetMenuState(menu, kCopy, MF_BYCOMMAND) & MF_GRAYED) != 0);
   }
   ::DestroyMenu(menu);
 }
 
-// The indicator shows the caret of the focused text pane, 1-based, in the
-// host's format; without one it is disabled and keeps its text.
+// Without a focused text pane the indicator is disabled and keeps its text.
 TEST_F(FrameTest, UpdateIndicatorPositionShowsTheCaretOneBased) {
   TestFrame frame;
   ASSERT_TRUE(frame.Make());
@@ -164,21 +129,17 @@ TEST_F(FrameTest, UpdateIndicatorPositionShowsTheCaretOneBased) {
   }
 }
 
-//===-- Activation -----------------------------------------------------------===//
-
-// Coming back to the frame gives the focus to the text pane that had it,
-// unless that pane's window is gone or what had the focus was no text pane.
+// Coming back, the frame hands the focus to the text pane that had it,
+// unless that pane's window is gone or what had it was no text pane.
 TEST_F(FrameTest, ReactivationHandsTheFocusBackToALivingTextPaneOnly) {
   enum Kind { Alive, Gone, NumberColumn };
   for (Kind kind : {Alive, Gone, NumberColumn}) {
     TestFrame frame, elsewhere;
-    ASSERT_TRUE(frame.Make());
-    ASSERT_TRUE(elsewhere.Make(false));
+    ASSERT_TRUE(frame.Make() && elsewhere.Make(false));
     ShowAndActivate(frame);
     CWnd* had = kind == NumberColumn ? static_cast<CWnd*>(frame.Pane(1)->GetLineNumPane()) : frame.Text(1);
     HWND hadWnd = had->m_hWnd;
     had->SetFocus();
-    ASSERT_EQ(hadWnd, ::GetFocus());
     ShowAndActivate(elsewhere);
     if (kind == Gone)
       ::DestroyWindow(hadWnd);
@@ -187,36 +148,27 @@ TEST_F(FrameTest, ReactivationHandsTheFocusBackToALivingTextPaneOnly) {
   }
 }
 
-//===-- Private copies -------------------------------------------------------===//
-
-// Each copy has a name of its own, is writable though its source is not,
-// and lives exactly as long as the frame.
+// Each copy has a name of its own and is writable though its source is
+// not; a failed copy shows why and leaves no name; the copies go with the
+// frame.
 TEST_F(FrameTest, CopyToTempGivesDistinctWritableCopiesThatGoWithTheFrame) {
   ScratchDir dir;
-  CString source = dir.Path() + L"source.txt";
-  HANDLE h = ::CreateFileW(source, GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_READONLY, nullptr);
-  DWORD written = 0;
-  ::WriteFile(h, "abc", 3, &written, nullptr);
-  ::CloseHandle(h);
+  CString source = dir.Path() + L"source.txt", missing = dir.Path() + L"missing.txt";
+  CVnFileSystem::CreateFileW(source, 3, "abc");
+  ::SetFileAttributesW(source, FILE_ATTRIBUTE_READONLY);
   auto frame = std::make_unique<TestFrame>();
-  CString first = source, second = source;
-  ASSERT_TRUE(frame->CopyToTemp(first));
-  ASSERT_TRUE(frame->CopyToTemp(second));
-  EXPECT_NE(first.MakeLower(), second.MakeLower());
+  CString first = source, second = source, path = missing;
+  ASSERT_TRUE(frame->CopyToTemp(first) && frame->CopyToTemp(second));
+  EXPECT_NE(0, first.CompareNoCase(second));
   for (const CString& copy : {first, second})
     EXPECT_EQ(0u, ::GetFileAttributesW(copy) & FILE_ATTRIBUTE_READONLY);
-
-  // A copy that fails shows the failure and leaves no name behind.
-  CString missing = dir.Path() + L"missing.txt", path = missing;
   {
     ScriptedPrompt prompt({IDOK});
     EXPECT_FALSE(frame->CopyToTemp(path));
     EXPECT_EQ(1u, prompt.Asked().size());
   }
   EXPECT_EQ(missing, path);
-  ASSERT_EQ(3, frame->TempNames().GetSize());
   EXPECT_TRUE(frame->TempNames()[2].IsEmpty());
-
   frame.reset();
   for (const CString& copy : {first, second})
     EXPECT_EQ(INVALID_FILE_ATTRIBUTES, ::GetFileAttributesW(copy));
