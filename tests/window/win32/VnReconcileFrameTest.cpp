@@ -2,6 +2,7 @@
 // the host, the order of one comparison, closing, the commands that belong
 // to the focused text pane, activation, and its private copies.
 #include "ScriptedPrompt.h"
+#include "Screenshot.h"
 #include "TestSupport.h"
 #include "foundation/VnFileSystem.h"
 #include "window/win32/FrameTestSupport.h"
@@ -126,6 +127,10 @@ TEST_F(FrameTest, UpdateIndicatorPositionShowsTheCaretOneBased) {
     bar.SendMessage(WM_IDLEUPDATECMDUI, TRUE);
     EXPECT_EQ(L"Ln 2, Col 4", bar.GetPaneText(1));
     EXPECT_EQ(!inPane, (bar.GetPaneStyle(1) & SBPS_DISABLED) != 0);
+    // For a person to look at: bars, both panes and the indicator.
+    ::RedrawWindow(frame.m_hWnd, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW | RDW_ALLCHILDREN);
+    if (inPane)
+      EXPECT_TRUE(WritePng(CaptureWindow(frame.m_hWnd), ScreenshotPath(L"frame.png")));
   }
 }
 
