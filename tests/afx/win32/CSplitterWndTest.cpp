@@ -230,6 +230,12 @@ TEST(CSplitterWnd, TheActivePaneIsTheOneHoldingTheFocus) {
   EXPECT_EQ(grid.splitter.GetPane(1, 0), grid.splitter.GetActivePane(&row, &col));
   EXPECT_EQ(1, row);
   EXPECT_EQ(0, col);
+  // One with the pane's identifier stands for the pane.
+  CWnd view;
+  ASSERT_TRUE(view.Create(nullptr, nullptr, WS_CHILD | WS_VISIBLE, CRect(0, 0, 50, 20), grid.splitter.GetPane(1, 0),
+                          CSplitterWnd::IdFromRowCol(1, 0)));
+  view.SetFocus();
+  EXPECT_EQ(&view, grid.splitter.GetActivePane());
   ::SetFocus(grid.parent);
   EXPECT_EQ(nullptr, grid.splitter.GetActivePane());
 }
