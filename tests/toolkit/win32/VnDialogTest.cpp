@@ -1,0 +1,200 @@
+// VnDialogTest.cpp - CVnDialog run modal and driven as a user would: the
+// read-only mode, data exchange checks and the validators, each showing its
+// message through the prompt and leaving the focus on the offending control.
+#include "afx/win32/AfxMsgMap.h"
+#include "toolkit/VnDialog.h"
+
+#include "DialogDriver.h"
+#include "ScriptedPrompt.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <string>
+
+using vn::test::DialogDriver;
+using vn::test::GetItemText;
+using vn::test::PressButton;
+using vn::test::ScriptedPrompt;
+using vn::test::SetItemText;
+
+namespace {
+
+enum : UINT { kLayout = 700, kEdit = 1001, kSmall = 1004 };
+
+// The control that has the focus in the dialog's thread.
+HWND FocusOf(HWND dialog) {
+  GUITHREADINFO info = {sizeof(info)};
+  ::GetGUIThreadInfo(::GetWindowThreadProcessId(dialog, nullptr), &info);
+  return info.hwndFocus;
+}
+
+// The layout dialog whose OK runs a check given by the test.
+class CheckedDialog : public CVnDialog {
+public:
+  CheckedDialog() : CVnDialog(kLayout, nullptr) {}
+  std::function<BOOL(CheckedDialog&)> m_check;
+  CString m_text;
+  UINT m_count = 0;
+  CString m_file;
+  BOOL m_bResult = FALSE;
+
+  using CVnDialog::ValidateFile;
+  using CVnDialog::ValidatePath;
+
+protected:
+  void DoDataExchange(CDataExchange* dx) override {
+    DDX_Text(dx, kEdit, m_text);
+    DDV_NotBlank(dx, ::GetModuleHandleW(L"vnreconcile.dll"), m_text, 32799);
+    DDX_Text(dx, kSmall, m_count);
+    DDV_MinMaxUInt(dx, m_count, 1, 10);
+  }
+  void OnOK() override {
+    if (m_check && !m_check(*this))
+      return;
+    CVnDialog::OnOK();
+  }
+};
+
+TEST(CVnDialogTest, ReadOnlyShowsOnlyAndAlwaysCancels) {
+  const struct {
+    bool readOnly;
+    UINT endWith;
+    INT_PTR result;
+    const wchar_t* title;
+    bool okShown;
+    const wchar_t* cancelText;
+  } cases[] = {
+      {false, IDOK, IDOK, L"Layout", true, L"Cancel"},
+      {true, IDOK, IDCANCEL, L"Layout (Read-Only)", false, L"Close"},
+      {true, IDCANCEL, IDCANCEL, L"Layout (Read-Only)", false, L"Close"},
+  };
+  for (const auto& c : cases) {
+    CheckedDialog dialog;
+    dialog.m_text = L"x";
+    dialog.m_count = 3;
+    if (c.readOnly)
+      dialog.SetReadOnly();
+    std::wstring title, cancelText;
+    bool okShown = false, okEnabled = false;
+    INT_PTR result;
+    {
+      DialogDriver driver(nullptr, [&](HWND d) {
+        wchar_t text[128] = {};
+        ::GetWindowTextW(d, text, 128);
+        title = text;
+        okShown = ::IsWindowVisible(::GetDlgItem(d, IDOK));
+        okEnabled = ::IsWindowEnabled(::GetDlgItem(d, IDOK));
+        cancelText = GetItemText(d, IDCANCEL);
+        ::SendMessageW(d, WM_COMMAND, c.endWith, 0);
+      }, L"Layout");
+      result = dialog.DoModal();
+    }
+    EXPECT_EQ(c.result, result) << c.readOnly;
+    EXPECT_EQ(c.title, title);
+    EXPECT_EQ(c.okShown, okShown);
+    EXPECT_EQ(c.okShown, okEnabled);
+    EXPECT_EQ(c.cancelText, cancelText);
+  }
+}
+
+// Each OK with bad data shows one message and leaves the dialog open with
+// the focus on the control; good data closes it with the values taken.
+TEST(CVnDialogTest, ExchangeChecksReportAndFocusTheControl) {
+  const struct {
+    const wchar_t* text;
+    const wchar_t* count;
+    const char* message;
+    UINT focused;
+  } attempts[] = {
+      {L"   ", L"3", "The text cannot be empty", kEdit},
+      {L"name", L"42", "Enter a positive integer between 1 and 10.", kSmall},
+      {L"name", L"-1", "Enter a positive integer.", kSmall},
+      {L"name", L"x7", "Enter a positive integer.", kSmall},
+  };
+  CheckedDialog dialog;
+  ScriptedPrompt prompt({IDOK, IDOK, IDOK, IDOK});
+  std::vector<UINT> focused;
+  INT_PTR result;
+  {
+    DialogDriver driver(nullptr, [&](HWND d) {
+      for (const auto& a : attempts) {
+        SetItemText(d, kEdit, a.text);
+        SetItemText(d, kSmall, a.count);
+        PressButton(d, IDOK);
+        focused.push_back(static_cast<UINT>(::GetDlgCtrlID(FocusOf(d))));
+      }
+      SetItemText(d, kEdit, L"  name ");
+      SetItemText(d, kSmall, L"7");
+      PressButton(d, IDOK);
+    }, L"Layout");
+    result = dialog.DoModal();
+  }
+  EXPECT_EQ(IDOK, result);
+  EXPECT_EQ(CString(L"name "), dialog.m_text);
+  EXPECT_EQ(7u, dialog.m_count);
+  ASSERT_EQ(4u, prompt.Asked().size());
+  for (size_t i = 0; i < 4; ++i) {
+    EXPECT_EQ(attempts[i].message, prompt.Asked()[i].text);
+    EXPECT_EQ(attempts[i].focused, focused[i]) << i;
+  }
+}
+
+TEST(CVnDialogTest, ValidatorsReportAndFocusInOneStep) {
+  wchar_t temp[MAX_PATH];
+  ::GetTempPathW(MAX_PATH, temp);
+  std::wstring existing = std::wstring(temp) + L"vn-validate.txt";
+  ::CloseHandle(::CreateFileW(existing.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr));
+  std::wstring missing = std::wstring(temp) + L"vn-no-such-file.txt";
+  const struct {
+    std::wstring text;
+    BOOL mustExist;
+    const char* message;  // null: accepted
+  } cases[] = {
+      {L"   ", TRUE, "The specified path is blank."},
+      {missing, TRUE, "The specified file does not exist."},
+      {L"  " + existing + L" ", TRUE, nullptr},
+      {missing, FALSE, nullptr},
+      {L"C:\\a<b>\\c.txt", FALSE, "The specified path is incorrect."},
+  };
+  for (const auto& c : cases) {
+    CheckedDialog dialog;
+    dialog.m_text = L"x";
+    dialog.m_count = 1;
+    dialog.m_check = [&](CheckedDialog& self) {
+      CString file = GetItemText(self.m_hWnd, kEdit).c_str();
+      self.m_bResult = self.ValidateFile(kEdit, file, c.mustExist, static_cast<UINT>(-1), static_cast<UINT>(-1),
+                                         static_cast<UINT>(-1));
+      self.m_file = file;
+      return FALSE;
+    };
+    ScriptedPrompt prompt({IDOK});
+    HWND focus = nullptr, edit = nullptr;
+    std::wstring written;
+    {
+      DialogDriver driver(nullptr, [&](HWND d) {
+        PressButton(d, kSmall);  // a control other than the one checked has the focus
+        ::SendMessageW(d, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(::GetDlgItem(d, IDCANCEL)), TRUE);
+        SetItemText(d, kEdit, c.text.c_str());
+        PressButton(d, IDOK);
+        focus = FocusOf(d);
+        edit = ::GetDlgItem(d, kEdit);
+        written = GetItemText(d, kEdit);
+        PressButton(d, IDCANCEL);
+      }, L"Layout");
+      dialog.DoModal();
+    }
+    EXPECT_EQ(c.message == nullptr, dialog.m_bResult != FALSE) << VnToUtf8(c.text.c_str());
+    if (c.message) {
+      ASSERT_EQ(1u, prompt.Asked().size());
+      EXPECT_EQ(c.message, prompt.Asked()[0].text);
+      EXPECT_EQ(edit, focus);
+    } else {
+      EXPECT_TRUE(prompt.Asked().empty());
+      EXPECT_EQ(std::wstring(dialog.m_file), written);
+    }
+  }
+  ::DeleteFileW(existing.c_str());
+}
+
+}  // namespace
