@@ -217,8 +217,9 @@ int CALLBACK CPropertySheet::SheetCallback(HWND, UINT message, LPARAM lParam) {
   auto* ex = reinterpret_cast<DialogTemplateEx*>(lParam);
   DWORD* style = ex->signature == 0xFFFF ? &ex->style : &reinterpret_cast<DLGTEMPLATE*>(lParam)->style;
   DWORD* exStyle = ex->signature == 0xFFFF ? &ex->exStyle : &reinterpret_cast<DLGTEMPLATE*>(lParam)->dwExtendedStyle;
+  // The template's font fields are read only when DS_SETFONT says so.
   if (sheet->m_dwStyle != static_cast<DWORD>(-1))
-    *style = sheet->m_dwStyle;
+    *style = sheet->m_dwStyle | (*style & (DS_SETFONT | DS_SHELLFONT));
   if (sheet->m_dwExStyle != static_cast<DWORD>(-1))
     *exStyle = sheet->m_dwExStyle;
   return 0;

@@ -185,7 +185,8 @@ TEST(CVnResizeControlsTest, ControlsFollowTheirFlagWords) {
   LayoutDialog dialog(TRUE, TRUE);
   ASSERT_TRUE(dialog.Create(kLayout));
   dialog.ShowWindow(SW_SHOW);
-  vn::test::WritePng(vn::test::CaptureWindow(dialog.m_hWnd), vn::test::ScreenshotPath(L"toolkit-layout-small"));
+  dialog.UpdateWindow();
+  vn::test::WritePng(vn::test::CaptureWindow(dialog.m_hWnd), vn::test::ScreenshotPath(L"toolkit-layout-small.png"));
   std::map<UINT, RECT> start;
   for (const Follow& f : kFollow)
     start[f.id] = ChildRect(dialog.m_hWnd, f.id);
@@ -208,7 +209,7 @@ TEST(CVnResizeControlsTest, ControlsFollowTheirFlagWords) {
     }
   }
   ::UpdateWindow(dialog.m_hWnd);
-  vn::test::WritePng(vn::test::CaptureWindow(dialog.m_hWnd), vn::test::ScreenshotPath(L"toolkit-layout-large"));
+  vn::test::WritePng(vn::test::CaptureWindow(dialog.m_hWnd), vn::test::ScreenshotPath(L"toolkit-layout-large.png"));
 }
 
 // Minimising and restoring moves nothing: the minimised size is not kept.
