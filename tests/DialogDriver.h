@@ -127,13 +127,21 @@ public:
           action(dialog);
           m_bActed = true;
         }) {}
-  ~DialogDriver() { m_thread.join(); }
+  ~DialogDriver() {
+    if (m_thread.joinable())
+      m_thread.join();
+  }
   DialogDriver(const DialogDriver&) = delete;
   DialogDriver& operator=(const DialogDriver&) = delete;
 
   // Whether the dialog showed and the action ran.  Read after the modal
-  // call returned.
-  bool Acted() const { return m_bActed; }
+  // call returned: it waits for the action to finish, since the dialog may
+  // close before the action's last step does.
+  bool Acted() {
+    if (m_thread.joinable())
+      m_thread.join();
+    return m_bActed;
+  }
 
 private:
   std::atomic<bool> m_bActed{false};
