@@ -2,6 +2,7 @@
 // read-only mode, data exchange checks and the validators, each showing its
 // message through the prompt and leaving the focus on the offending control.
 #include "afx/win32/AfxMsgMap.h"
+#include "foundation/VnException.h"
 #include "toolkit/VnDialog.h"
 
 #include "DialogDriver.h"
@@ -195,6 +196,58 @@ TEST(CVnDialogTest, ValidatorsReportAndFocusInOneStep) {
     }
   }
   ::DeleteFileW(existing.c_str());
+}
+
+}  // namespace
+
+namespace {
+
+// A local dialog names the module of its template; the host's module is
+// not searched when the named one lacks it.
+class ModuleDialog : public CVnLocalDialog {
+public:
+  ModuleDialog(HINSTANCE module, UINT id) : CVnLocalDialog(id, nullptr), m_module(module) {}
+
+protected:
+  HINSTANCE GetDialogResourceModule() override { return m_module; }
+  HINSTANCE m_module;
+};
+
+TEST(CVnLocalDialogTest, TemplateComesOnlyFromTheNamedModule) {
+  const struct {
+    HINSTANCE module;
+    UINT id;
+    bool found;
+  } cases[] = {
+      {::GetModuleHandleW(nullptr), 700, true},
+      {::GetModuleHandleW(nullptr), 0x10000 + 700, true},  // only the low 16 bits name it
+      {::GetModuleHandleW(L"vnreconcile.dll"), 700, false},
+  };
+  for (const auto& c : cases) {
+    ModuleDialog modeless(c.module, c.id);
+    bool threw = false;
+    try {
+      ASSERT_TRUE(modeless.Create(c.id, nullptr));
+      CString title;
+      modeless.GetWindowText(title);
+      EXPECT_EQ(CString(L"Layout"), title);
+    } catch (CVnOSException* e) {
+      threw = true;
+      e->Delete();
+    }
+    EXPECT_EQ(!c.found, threw) << c.id;
+    ModuleDialog modal(c.module, c.id);
+    threw = false;
+    try {
+      DialogDriver driver(nullptr, [](HWND d) { PressButton(d, IDCANCEL); }, L"Layout", c.found ? 5000 : 10);
+      EXPECT_EQ(IDCANCEL, modal.DoModal());
+      EXPECT_TRUE(driver.Acted());
+    } catch (CVnOSException* e) {
+      threw = true;
+      e->Delete();
+    }
+    EXPECT_EQ(!c.found, threw) << c.id;
+  }
 }
 
 }  // namespace
