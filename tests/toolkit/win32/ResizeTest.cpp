@@ -251,3 +251,53 @@ TEST(CVnResizeControlsTest, MinimumAndFixedAxes) {
 }
 
 }  // namespace
+
+#include "afx/win32/CPropertySheet.h"
+
+namespace {
+
+// A plain sheet of three pages, made modeless with the second page in
+// front; the resizer prepares it, takes its buttons and pages, and then
+// stretches tab control and pages with the window.
+TEST(CResizeCtrlTest, SheetHelpersPrepareAndStretchASheet) {
+  CPropertyPage pages[3] = {CPropertyPage(710), CPropertyPage(711), CPropertyPage(710)};
+  CPropertySheet sheet(L"Resized sheet", nullptr, 1);
+  for (CPropertyPage& page : pages)
+    sheet.AddPage(&page);
+  CResizeCtrl resizer;
+  EXPECT_FALSE(resizer.PropertySheetPrepare(nullptr));
+  ASSERT_TRUE(sheet.Create(nullptr, WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_VISIBLE));
+  ASSERT_TRUE(resizer.Create(sheet.m_hWnd, FALSE));
+  EXPECT_TRUE(resizer.PropertySheetPrepare(&sheet));
+  EXPECT_EQ(1, sheet.GetActiveIndex());
+  for (CPropertyPage& page : pages)
+    EXPECT_TRUE(page.m_hWnd != nullptr);
+  // The system's sheet template carries Apply, OK, Cancel and Help, the
+  // last hidden when not asked for; a wizard's buttons are not there.
+  EXPECT_TRUE(resizer.PropertySheetAddButtons(&sheet, 100, 100, 0, 0));
+  sheet.m_psh.dwFlags |= PSH_WIZARD;
+  EXPECT_FALSE(resizer.PropertySheetAddButtons(&sheet, 100, 100, 0, 0));
+  EXPECT_FALSE(resizer.WizardAddEtchedBar(&sheet, 0, 100, 100, 0));
+  sheet.m_psh.dwFlags &= ~PSH_WIZARD;
+  EXPECT_TRUE(resizer.PropertySheetAddPages(&sheet, 0, 0, 100, 100));
+  EXPECT_FALSE(resizer.WizardAddEtchedBar(&sheet, 0, 100, 100, 0));
+  ASSERT_TRUE(resizer.SetEnabled(TRUE));
+  HWND tab = sheet.GetTabControl();
+  RECT tab0 = ChildRect(sheet.m_hWnd, static_cast<UINT>(::GetDlgCtrlID(tab)));
+  RECT ok0 = ChildRect(sheet.m_hWnd, IDOK);
+  RECT page0 = ChildRect(sheet.m_hWnd, static_cast<UINT>(::GetDlgCtrlID(pages[1].m_hWnd)));
+  SizeBy(sheet.m_hWnd, 50, 30);
+  RECT tab1 = ChildRect(sheet.m_hWnd, static_cast<UINT>(::GetDlgCtrlID(tab)));
+  RECT ok1 = ChildRect(sheet.m_hWnd, IDOK);
+  RECT page1;
+  ::GetWindowRect(pages[1].m_hWnd, &page1);
+  ::MapWindowPoints(nullptr, sheet.m_hWnd, reinterpret_cast<POINT*>(&page1), 2);
+  EXPECT_EQ(tab0.right + 50, tab1.right);
+  EXPECT_EQ(tab0.bottom + 30, tab1.bottom);
+  EXPECT_EQ(ok0.left + 50, ok1.left);
+  EXPECT_EQ(ok0.top + 30, ok1.top);
+  EXPECT_EQ(page0.right - page0.left + 50, page1.right - page1.left);
+  ::DestroyWindow(sheet.m_hWnd);
+}
+
+}  // namespace
