@@ -301,3 +301,24 @@ TEST(CResizeCtrlTest, SheetHelpersPrepareAndStretchASheet) {
 }
 
 }  // namespace
+
+namespace {
+
+// The grip answers the hit test as the bottom right corner, so the
+// system sizes the window from there; elsewhere the window answers.
+TEST(CResizeCtrlTest, GripHitTestsAsTheCorner) {
+  CDialog dialog;
+  ASSERT_TRUE(dialog.Create(kFixed));
+  dialog.ShowWindow(SW_SHOW);
+  CResizeCtrl resizer(dialog.m_hWnd);
+  resizer.SetGripEnabled(TRUE);
+  RECT client;
+  ::GetClientRect(dialog.m_hWnd, &client);
+  POINT corner = {client.right - 2, client.bottom - 2}, middle = {client.right / 2, client.bottom / 2};
+  ::ClientToScreen(dialog.m_hWnd, &corner);
+  ::ClientToScreen(dialog.m_hWnd, &middle);
+  EXPECT_EQ(HTBOTTOMRIGHT, dialog.SendMessage(WM_NCHITTEST, 0, MAKELPARAM(corner.x, corner.y)));
+  EXPECT_EQ(HTCLIENT, dialog.SendMessage(WM_NCHITTEST, 0, MAKELPARAM(middle.x, middle.y)));
+}
+
+}  // namespace
