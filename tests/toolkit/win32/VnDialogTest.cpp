@@ -251,3 +251,60 @@ TEST(CVnLocalDialogTest, TemplateComesOnlyFromTheNamedModule) {
 }
 
 }  // namespace
+
+namespace {
+
+enum : UINT { kChecked = 3001, kHandled = 3002, kUnhandled = 3003, kSubFirst = 3004, kSystemRange = 0xF100 };
+
+// A dialog with a menu: its popups get the command updates a frame's
+// would.
+class MenuDialog : public CVnDialog {
+public:
+  MenuDialog() : CVnDialog(700, nullptr) {}
+
+protected:
+  void OnCommandStub() {}
+  void OnUpdateChecked(CCmdUI* ui) { ui->SetCheck(1); }
+  DECLARE_MESSAGE_MAP()
+};
+
+BEGIN_MESSAGE_MAP(MenuDialog, CVnDialog)
+  ON_COMMAND(kChecked, OnCommandStub)
+  ON_UPDATE_COMMAND_UI(kChecked, OnUpdateChecked)
+  ON_COMMAND(kHandled, OnCommandStub)
+END_MESSAGE_MAP()
+
+TEST(CVnDialogTest, MenuPopupsGetCommandUpdates) {
+  MenuDialog dialog;
+  ASSERT_TRUE(dialog.Create(700u, nullptr));
+  HMENU bar = ::CreateMenu(), popup = ::CreatePopupMenu(), sub = ::CreatePopupMenu();
+  ::AppendMenuW(sub, MF_STRING, kSubFirst, L"Sub");
+  const UINT items[] = {kChecked, kHandled, kUnhandled, kSystemRange};
+  for (UINT id : items)
+    ::AppendMenuW(popup, MF_STRING, id, L"Item");
+  ::AppendMenuW(popup, MF_SEPARATOR, 0, nullptr);
+  ::AppendMenuW(popup, MF_POPUP, reinterpret_cast<UINT_PTR>(sub), L"More");
+  ::AppendMenuW(bar, MF_POPUP, reinterpret_cast<UINT_PTR>(popup), L"File");
+  ::SetMenu(dialog.m_hWnd, bar);
+  dialog.SendMessage(WM_INITMENUPOPUP, reinterpret_cast<WPARAM>(popup), MAKELPARAM(0, FALSE));
+  const struct {
+    UINT id;
+    bool enabled, checked;
+  } expected[] = {
+      {kChecked, true, true},  {kHandled, true, false}, {kUnhandled, false, false},
+      {kSystemRange, true, false},  // the system's range is never disabled for want of a handler
+  };
+  for (const auto& e : expected) {
+    UINT state = ::GetMenuState(popup, e.id, MF_BYCOMMAND);
+    EXPECT_EQ(e.enabled, !(state & MF_GRAYED)) << e.id;
+    EXPECT_EQ(e.checked, (state & MF_CHECKED) != 0) << e.id;
+  }
+  // A submenu is updated by its first item, without disabling.
+  EXPECT_FALSE(::GetMenuState(popup, 5, MF_BYPOSITION) & MF_GRAYED);
+  // The system menu is left alone.
+  ::EnableMenuItem(popup, kHandled, MF_BYCOMMAND | MF_GRAYED);
+  dialog.SendMessage(WM_INITMENUPOPUP, reinterpret_cast<WPARAM>(popup), MAKELPARAM(0, TRUE));
+  EXPECT_TRUE(::GetMenuState(popup, kHandled, MF_BYCOMMAND) & MF_GRAYED);
+}
+
+}  // namespace
