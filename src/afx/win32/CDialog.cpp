@@ -234,14 +234,15 @@ static bool ParseNumber(const CString& text, long long& number) {
 }
 
 template <class T>
-static void ExchangeNumber(CDataExchange* dx, int id, T& value, long long minimum, LPCWSTR message) {
+static void ExchangeNumber(CDataExchange* dx, int id, T& value, long long minimum, long long maximum,
+                           LPCWSTR message) {
   HWND control = dx->PrepareEditCtrl(id);
   if (!dx->m_bSaveAndValidate) {
     ::SetWindowTextW(control, std::to_wstring(static_cast<long long>(value)).c_str());
     return;
   }
   long long number = 0;
-  if (!ParseNumber(ControlText(control), number) || number < minimum) {
+  if (!ParseNumber(ControlText(control), number) || number < minimum || number > maximum) {
     AfxMessageBox(message, MB_ICONEXCLAMATION);
     dx->Fail();
   }
@@ -249,11 +250,11 @@ static void ExchangeNumber(CDataExchange* dx, int id, T& value, long long minimu
 }
 
 void DDX_Text(CDataExchange* dx, int id, UINT& value) {
-  ExchangeNumber(dx, id, value, 0, L"Enter a positive integer.");
+  ExchangeNumber(dx, id, value, 0, 0xFFFFFFFFLL, L"Enter a positive integer.");
 }
 
 void DDX_Text(CDataExchange* dx, int id, int& value) {
-  ExchangeNumber(dx, id, value, -0x80000000LL, L"Enter an integer.");
+  ExchangeNumber(dx, id, value, -0x80000000LL, 0x7FFFFFFFLL, L"Enter an integer.");
 }
 
 void DDX_Check(CDataExchange* dx, int id, int& value) {

@@ -112,9 +112,10 @@ TEST(CVnDialogTest, ExchangeChecksReportAndFocusTheControl) {
       {L"name", L"42", "Enter a positive integer between 1 and 10.", kSmall},
       {L"name", L"-1", "Enter a positive integer.", kSmall},
       {L"name", L"x7", "Enter a positive integer.", kSmall},
+      {L"name", L"4294967296", "Enter a positive integer.", kSmall},
   };
   CheckedDialog dialog;
-  ScriptedPrompt prompt({IDOK, IDOK, IDOK, IDOK});
+  ScriptedPrompt prompt({IDOK, IDOK, IDOK, IDOK, IDOK});
   std::vector<UINT> focused;
   INT_PTR result;
   {
@@ -134,8 +135,8 @@ TEST(CVnDialogTest, ExchangeChecksReportAndFocusTheControl) {
   EXPECT_EQ(IDOK, result);
   EXPECT_EQ(CString(L"name "), dialog.m_text);
   EXPECT_EQ(7u, dialog.m_count);
-  ASSERT_EQ(4u, prompt.Asked().size());
-  for (size_t i = 0; i < 4; ++i) {
+  ASSERT_EQ(std::size(attempts), prompt.Asked().size());
+  for (size_t i = 0; i < std::size(attempts); ++i) {
     EXPECT_EQ(attempts[i].message, prompt.Asked()[i].text);
     EXPECT_EQ(attempts[i].focused, focused[i]) << i;
   }
