@@ -2,6 +2,10 @@
 // read-only mode, data exchange checks and the validators, each showing its
 // message through the prompt and leaving the focus on the offending control.
 #include "afx/win32/AfxMsgMap.h"
+#include "afx/win32/AfxRes.h"
+#include "afx/win32/CStatusBar.h"
+
+#include <commctrl.h>
 #include "foundation/VnException.h"
 #include "toolkit/VnDialog.h"
 
@@ -306,6 +310,59 @@ TEST(CVnDialogTest, MenuPopupsGetCommandUpdates) {
   ::EnableMenuItem(popup, kHandled, MF_BYCOMMAND | MF_GRAYED);
   dialog.SendMessage(WM_INITMENUPOPUP, reinterpret_cast<WPARAM>(popup), MAKELPARAM(0, TRUE));
   EXPECT_TRUE(::GetMenuState(popup, kHandled, MF_BYCOMMAND) & MF_GRAYED);
+}
+
+}  // namespace
+
+namespace {
+
+enum : UINT { kIndicator = 3005 };
+
+// A modal dialog with a status bar: the modal loop's idle time updates the
+// bar through the dialog's own update handler, as a frame's bars are.
+class StatusDialog : public CVnDialog {
+public:
+  StatusDialog() : CVnDialog(700, nullptr) {}
+
+protected:
+  BOOL OnInitDialog() override {
+    CVnDialog::OnInitDialog();
+    m_bar.Create(this);
+    m_bar.SetIndicators(&kIndicatorId, 1);
+    return TRUE;
+  }
+  void OnUpdateIndicator(CCmdUI* ui) { ui->SetText(L"Updated"); }
+  CStatusBar m_bar;
+  static const UINT kIndicatorId;
+  DECLARE_MESSAGE_MAP()
+};
+
+const UINT StatusDialog::kIndicatorId = kIndicator;
+
+BEGIN_MESSAGE_MAP(StatusDialog, CVnDialog)
+  ON_UPDATE_COMMAND_UI(kIndicator, OnUpdateIndicator)
+END_MESSAGE_MAP()
+
+TEST(CVnDialogTest, IdleTimeUpdatesTheStatusBar) {
+  StatusDialog dialog;
+  std::wstring before, after;
+  {
+    DialogDriver driver(nullptr, [&](HWND d) {
+      HWND bar = ::GetDlgItem(d, AFX_IDW_STATUS_BAR);
+      wchar_t text[64] = {};
+      for (int tries = 0; tries < 200; ++tries, ::Sleep(10)) {
+        ::SendMessageW(bar, SB_GETTEXTW, 0, reinterpret_cast<LPARAM>(text));
+        if (before.empty())
+          before = text;
+        if (std::wstring(text) == L"Updated")
+          break;
+      }
+      after = text;
+      PressButton(d, IDCANCEL);
+    }, L"Layout");
+    dialog.DoModal();
+  }
+  EXPECT_EQ(L"Updated", after) << VnToUtf8(before.c_str());
 }
 
 }  // namespace
