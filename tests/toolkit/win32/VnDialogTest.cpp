@@ -3,6 +3,7 @@
 // message through the prompt and leaving the focus on the offending control.
 #include "afx/win32/AfxMsgMap.h"
 #include "afx/win32/AfxRes.h"
+#include "afx/win32/AfxResource.h"
 #include "afx/win32/CStatusBar.h"
 
 #include <commctrl.h>
@@ -363,6 +364,30 @@ TEST(CVnDialogTest, IdleTimeUpdatesTheStatusBar) {
     dialog.DoModal();
   }
   EXPECT_EQ(L"Updated", after) << VnToUtf8(before.c_str());
+}
+
+}  // namespace
+
+namespace {
+
+// What the host's module lacks is looked up in the component's, which
+// joined the chain when it loaded; what the host has is taken from it.
+TEST(AfxResourceChainTest, ComponentStandsBehindTheHost) {
+  HINSTANCE host = ::GetModuleHandleW(nullptr), component = ::GetModuleHandleW(L"vnreconcile.dll");
+  ASSERT_TRUE(component);
+  // String tables are stored in blocks of 16, named by number / 16 + 1.
+  const struct {
+    LPCWSTR name;
+    LPCWSTR type;
+    HINSTANCE found;
+  } cases[] = {
+      {MAKEINTRESOURCEW(700), RT_DIALOG, host},
+      {MAKEINTRESOURCEW(3005 / 16 + 1), RT_STRING, host},
+      {MAKEINTRESOURCEW(2899 / 16 + 1), RT_STRING, component},
+      {MAKEINTRESOURCEW(4242), RT_DIALOG, host},  // nowhere: the resource handle
+  };
+  for (const auto& c : cases)
+    EXPECT_EQ(c.found, AfxFindResourceHandle(c.name, c.type)) << reinterpret_cast<UINT_PTR>(c.name);
 }
 
 }  // namespace
