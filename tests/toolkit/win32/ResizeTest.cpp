@@ -322,3 +322,36 @@ TEST(CResizeCtrlTest, GripHitTestsAsTheCorner) {
 }
 
 }  // namespace
+
+namespace {
+
+// A wizard's active page is put back inside the margins measured before
+// the wizard changed size.
+TEST(CResizeCtrlTest, WizardPageKeepsItsMargins) {
+  CPropertyPage pages[2] = {CPropertyPage(710), CPropertyPage(711)};
+  CPropertySheet wizard(L"Wizard");
+  wizard.m_psh.dwFlags |= PSH_WIZARD;
+  for (CPropertyPage& page : pages)
+    wizard.AddPage(&page);
+  ASSERT_TRUE(wizard.Create(nullptr, WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_VISIBLE));
+  CResizeCtrl resizer(wizard.m_hWnd);
+  EXPECT_FALSE(resizer.WizardAdjustPage(&wizard));  // nothing measured yet
+  ASSERT_TRUE(resizer.WizardSaveMargins(&wizard));
+  RECT sheet0, page0;
+  ::GetWindowRect(wizard.m_hWnd, &sheet0);
+  ::GetWindowRect(pages[0].m_hWnd, &page0);
+  EXPECT_TRUE(resizer.WizardAddEtchedBar(&wizard, 0, 100, 100, 0));
+  SizeBy(wizard.m_hWnd, 40, 20);
+  ASSERT_TRUE(resizer.WizardAdjustPage(&wizard));
+  RECT sheet1, page1;
+  ::GetWindowRect(wizard.m_hWnd, &sheet1);
+  ::GetWindowRect(pages[0].m_hWnd, &page1);
+  EXPECT_EQ(page0.left - sheet0.left, page1.left - sheet1.left);
+  EXPECT_EQ(page0.top - sheet0.top, page1.top - sheet1.top);
+  EXPECT_EQ(sheet0.right - page0.right, sheet1.right - page1.right);
+  EXPECT_EQ(sheet0.bottom - page0.bottom, sheet1.bottom - page1.bottom);
+  EXPECT_EQ(page0.right - page0.left + 40, page1.right - page1.left);
+  ::DestroyWindow(wizard.m_hWnd);
+}
+
+}  // namespace
