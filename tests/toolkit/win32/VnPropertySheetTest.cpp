@@ -3,6 +3,7 @@
 // its buttons; a page's failed check brings that page to the front with the
 // focus on the control; a read-only sheet hides OK and always cancels.
 #include "afx/win32/AfxMsgMap.h"
+#include "afx/win32/AfxResource.h"
 #include "toolkit/VnPropertySheet.h"
 
 #include "DialogDriver.h"
@@ -190,6 +191,40 @@ TEST(CVnPropertySheetTest, ReadOnlySheetHidesOkAndCancels) {
   EXPECT_FALSE(okShown);
   EXPECT_EQ(L"Close", cancel);
   EXPECT_NE(std::wstring::npos, title.find(L"(Read-Only)")) << VnToUtf8(title.c_str());
+}
+
+}  // namespace
+
+namespace {
+
+// A local page names its module; the local sheet points the page's record
+// there before adding it, so template and caption come from that module
+// even when the application's resource handle is another.
+class HostPage : public CVnLocalPropertyPage {
+public:
+  HostPage() : CVnLocalPropertyPage(kPageTwo, 3005) {}
+
+protected:
+  HINSTANCE GetPageResourceModule() override { return ::GetModuleHandleW(nullptr); }
+};
+
+TEST(CVnLocalPropertySheetTest, LocalPagesTakeTemplateAndCaptionFromTheirModule) {
+  HINSTANCE previous = AfxGetResourceHandle();
+  AfxSetResourceHandle(::GetModuleHandleW(L"vnreconcile.dll"));
+  HostPage page;
+  CVnLocalPropertySheet sheet(L"Local", nullptr, 0, FALSE);
+  sheet.AddPage(&page);
+  AfxSetResourceHandle(previous);
+  ASSERT_TRUE(sheet.Create(nullptr, WS_POPUP | WS_CAPTION | WS_VISIBLE));
+  EXPECT_TRUE(page.m_hWnd != nullptr);
+  wchar_t caption[64] = {};
+  TCITEMW item = {};
+  item.mask = TCIF_TEXT;
+  item.pszText = caption;
+  item.cchTextMax = 64;
+  ::SendMessageW(sheet.GetTabControl(), TCM_GETITEMW, 0, reinterpret_cast<LPARAM>(&item));
+  EXPECT_STREQ(L"Waiting", caption);
+  ::DestroyWindow(sheet.m_hWnd);
 }
 
 }  // namespace
