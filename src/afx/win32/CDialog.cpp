@@ -59,11 +59,8 @@ HWND CDialog::CreateFromTemplateTo(LPCDLGTEMPLATEW dialogTemplate, HWND parent, 
   assert(!m_hWnd && "one window per dialog object");
   if (!module)
     module = AfxGetResourceHandle();
-  HWND hWnd = ::CreateDialogIndirectParamW(module, dialogTemplate, parent, &CDialog::DialogProc,
-                                           reinterpret_cast<LPARAM>(this));
-  if (!hWnd && m_hWnd)
-    m_hWnd = nullptr;
-  return hWnd;
+  return ::CreateDialogIndirectParamW(module, dialogTemplate, parent, &CDialog::DialogProc,
+                                     reinterpret_cast<LPARAM>(this));
 }
 
 // The template the object names: an in-memory one, a loaded handle, or the

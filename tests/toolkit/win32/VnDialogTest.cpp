@@ -147,6 +147,51 @@ TEST(CVnDialogTest, ExchangeChecksReportAndFocusTheControl) {
   }
 }
 
+// A good path is written back in full, with the end slash when asked for;
+// the caller's string holds the same text.
+TEST(CVnDialogTest, ValidatePathWritesTheFullFormBack) {
+  wchar_t temp[MAX_PATH];
+  ::GetTempPathW(MAX_PATH, temp);
+  std::wstring dir = std::wstring(temp) + L"vn-validate-dir";
+  const struct {
+    std::wstring text;
+    BOOL appendSlash;
+    std::wstring written;  // empty: refused
+  } cases[] = {
+      {L"  " + dir + L"  ", TRUE, dir + L"\\"},
+      {dir + L"\\sub", FALSE, dir + L"\\sub"},
+      {L"", TRUE, L""},
+  };
+  for (const auto& c : cases) {
+    CheckedDialog dialog;
+    dialog.m_check = [&](CheckedDialog& self) {
+      CString path = GetItemText(self.m_hWnd, kEdit).c_str();
+      self.m_bResult = self.ValidatePath(kEdit, path, c.appendSlash, static_cast<UINT>(-1), static_cast<UINT>(-1));
+      self.m_file = path;
+      return FALSE;
+    };
+    ScriptedPrompt prompt({IDOK});
+    std::wstring written;
+    {
+      DialogDriver driver(nullptr, [&](HWND d) {
+        SetItemText(d, kEdit, c.text.c_str());
+        PressButton(d, IDOK);
+        written = GetItemText(d, kEdit);
+        PressButton(d, IDCANCEL);
+      }, L"Layout");
+      dialog.DoModal();
+    }
+    EXPECT_EQ(!c.written.empty(), dialog.m_bResult != FALSE) << VnToUtf8(c.text.c_str());
+    if (c.written.empty()) {
+      ASSERT_EQ(1u, prompt.Asked().size());
+      EXPECT_EQ("The specified path is blank.", prompt.Asked()[0].text);
+      continue;
+    }
+    EXPECT_EQ(0, ::lstrcmpiW(c.written.c_str(), written.c_str())) << VnToUtf8(written.c_str());
+    EXPECT_EQ(written, std::wstring(dialog.m_file));
+  }
+}
+
 TEST(CVnDialogTest, ValidatorsReportAndFocusInOneStep) {
   wchar_t temp[MAX_PATH];
   ::GetTempPathW(MAX_PATH, temp);
