@@ -81,6 +81,21 @@ inline bool WaitUntilGone(HWND hWnd, DWORD timeoutMs = 5000) {
   return true;
 }
 
+// For an action that meets several dialogs in turn, on the driver's
+// thread: waits, without pumping, for a dialog other than previous (which
+// may be gone already); null after timeout.
+inline HWND WaitForNextDialog(HWND owner, const wchar_t* title, HWND previous, DWORD timeoutMs = 5000) {
+  DWORD start = ::GetTickCount();
+  for (;;) {
+    HWND found = FindDialog(owner, title);
+    if (found && found != previous)
+      return found;
+    if (::GetTickCount() - start > timeoutMs)
+      return nullptr;
+    ::Sleep(5);
+  }
+}
+
 inline void SetItemText(HWND dialog, int id, const wchar_t* text) {
   ::SendMessageW(::GetDlgItem(dialog, id), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text));
 }
@@ -112,13 +127,21 @@ public:
           action(dialog);
           m_bActed = true;
         }) {}
-  ~DialogDriver() { m_thread.join(); }
+  ~DialogDriver() {
+    if (m_thread.joinable())
+      m_thread.join();
+  }
   DialogDriver(const DialogDriver&) = delete;
   DialogDriver& operator=(const DialogDriver&) = delete;
 
   // Whether the dialog showed and the action ran.  Read after the modal
-  // call returned.
-  bool Acted() const { return m_bActed; }
+  // call returned: it waits for the action to finish, since the dialog may
+  // close before the action's last step does.
+  bool Acted() {
+    if (m_thread.joinable())
+      m_thread.join();
+    return m_bActed;
+  }
 
 private:
   std::atomic<bool> m_bActed{false};

@@ -1,12 +1,13 @@
 // LocalResourcesWin32.cpp - the DLL's entry routine and the Win32 loaders.
 //
 // The entry routine stores the DLL's instance handle at process attach; all
-// of the component's own resources are loaded from it.  There is no
-// extension-module chain to join (the framework layer is our own and keeps
-// no resource chain), so attach does nothing more, and every notification
-// reports success.
+// of the component's own resources are loaded from it.  The module also
+// joins the framework's resource chain (AfxResource.h), so a host's
+// non-local dialog whose template only the component carries is found.
+// Every notification reports success.
 #include "foundation/LocalResources.h"
 
+#include "afx/win32/AfxResource.h"
 #include "afx/win32/CGdiObject.h"
 #include "afx/win32/CMenu.h"
 
@@ -15,8 +16,10 @@
 static HINSTANCE g_resourceModule = nullptr;
 
 extern "C" BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, LPVOID) {
-  if (reason == DLL_PROCESS_ATTACH)
+  if (reason == DLL_PROCESS_ATTACH) {
     g_resourceModule = instance;
+    AfxAddResourceModule(instance);
+  }
   return TRUE;
 }
 

@@ -42,5 +42,8 @@
 // Sent to a frame and its descendants when the application is idle: control
 // bars then update their items through the command routing.
 #define WM_IDLEUPDATECMDUI 0x0363
+// Sent by a modal loop to its dialog while the queue is empty: wParam
+// MSGF_DIALOGBOX, lParam the count of idle calls so far.
+#define WM_KICKIDLE 0x036A
 
 #endif  // VN_AFX_WIN32_AFXRES_H

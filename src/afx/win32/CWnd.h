@@ -107,6 +107,15 @@ public:
   // accelerator, a dialog's navigation key).
   virtual BOOL PreTranslateMessage(MSG* msg) { return FALSE; }
 
+  // The modal loop of a dialog or sheet made modeless (CWndModal.cpp):
+  // pumps this thread's messages, sending the window WM_KICKIDLE while the
+  // queue is empty, until ContinueModal gives FALSE.  Gives m_nModalResult.
+  enum ModalLoopFlags { MLF_NOIDLEMSG = 1, MLF_NOKICKIDLE = 2, MLF_SHOWONIDLE = 4 };
+  int RunModalLoop(DWORD flags = 0);
+  virtual BOOL ContinueModal() { return m_bContinueModal; }
+  void EndModalLoop(int result);
+  int m_nModalResult = -1;
+
   HWND m_hWnd = nullptr;
 
 protected:
@@ -174,6 +183,9 @@ private:
   void Untie();
 
   WNDPROC m_pfnSuper = nullptr;
+
+protected:
+  BOOL m_bContinueModal = FALSE;
 };
 
 #endif  // VN_AFX_WIN32_CWND_H
