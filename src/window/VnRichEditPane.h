@@ -89,8 +89,8 @@ public:
   void HScroll(int column, CScrollBar* bar);
   void GoToBeginning();
 
-  // Printing.  CombineForPrint fills this pane with header1's line, then
-  // header2's, then one row per line of the longer pane: left's line padded
+  // Printing.  CombineForPrint fills this pane with header2's line, then
+  // header1's, then one row per line of the longer pane: left's line padded
   // to left's longest line, a blank, right's line.  Rows whose left line is
   // struck through take that line's format; the rest take format.  A
   // selection in right becomes the selection of the same rows here.  This

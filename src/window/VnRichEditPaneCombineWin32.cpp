@@ -4,8 +4,9 @@
 // The printed text is one plain column of rows: for each row of the longer
 // pane, the left pane's line filled with blanks to the width of the left
 // pane's longest line, one blank, and the right pane's line, uncut.  A tab
-// counts as one character in this.  Two header lines stand above the rows
-// (the second header goes in first, the first in front of it).  Of the
+// counts as one character in this.  Two header lines stand above the rows,
+// the second header's line on top: each goes in on the caret's line, and
+// the caret stands behind the one inserted before.  Of the
 // panes' formats only one reaches the paper: a row whose left line is
 // struck through (a deleted line) prints in that line's format over the
 // whole row; every other row prints in the format the caller gives.

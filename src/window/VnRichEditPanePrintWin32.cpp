@@ -165,7 +165,9 @@ static long PrintLimit(CVnRichEditPane& pane, CPrintInfo& info, long textLength)
 }
 
 // Prints the current page; the page after it is found on the way, and the
-// last page found ends the range.
+// last page found ends the range.  A formatter that put nothing on the page
+// (next not beyond start) has no page to add either: that page ends the
+// range too, instead of an endless run of empty pages.
 void CVnRichEditPane::OnPrint(CDC* dc, CPrintInfo* info) {
   UINT page = info->m_nCurPage;
   if (page < 1 || page > static_cast<UINT>(m_aPageStart.GetSize()))
@@ -174,6 +176,8 @@ void CVnRichEditPane::OnPrint(CDC* dc, CPrintInfo* info) {
   bool selection = info->m_pPD->PrintSelection() != 0;
   long limit = PrintLimit(*this, *info, TextLength());
   long next = PrintPage(dc, start, selection ? limit : -1);
+  if (next <= start)
+    next = limit;
   if (next >= limit)
     info->SetMaxPage(page);
   if (page == static_cast<UINT>(m_aPageStart.GetSize()) && next < limit)
