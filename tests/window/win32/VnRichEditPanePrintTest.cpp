@@ -6,6 +6,7 @@
 
 #include "afx/win32/AfxRes.h"
 #include "afx/win32/CWinApp.h"
+#include "Screenshot.h"
 #include "options/VnDisplayOptions.h"
 
 #include <gtest/gtest.h>
@@ -204,6 +205,56 @@ TEST(OnFilePrint, AJobThatCannotStartSaysSo) {
   EXPECT_NE(std::string::npos, prompt.Asked()[0].text.find("could not be started"));
   EXPECT_TRUE(job.pages.empty());
   EXPECT_TRUE(job.parentEnabled);
+}
+
+// A comparison of a few hundred lines, aligned as a host aligns it (gaps
+// across from deleted and inserted lines, deleted lines struck through),
+// printed whole.  The PostScript stays in <build>/screenshots for a person
+// to turn into pictures (docs/printing.md).
+TEST(OnFilePrint, PrintsAComparisonSideBySide) {
+  CWinApp app(kAppName);
+  PaneWindows left, right;
+  std::wstring leftRows, rightRows;
+  std::vector<int> deleted, inserted;
+  for (int row = 1; row <= 300; ++row) {
+    std::wstring sep = row > 1 ? L"|" : L"";
+    std::wstring text = L"line " + std::to_wstring(row) + L" of the common text";
+    if (row % 37 == 5) {
+      deleted.push_back(row);
+      leftRows += sep + L"line " + std::to_wstring(row) + L" only in the old file";
+      rightRows += sep;
+    } else if (row % 41 == 9) {
+      inserted.push_back(row);
+      leftRows += sep;
+      rightRows += sep + L"line " + std::to_wstring(row) + L" only in the new file, a longer one";
+    } else {
+      leftRows += sep + text;
+      rightRows += sep + text;
+    }
+  }
+  left.Fill(leftRows, L"\r\n");
+  right.Fill(rightRows, L"\r\n");
+  CVnOptionState formats;
+  for (int row : deleted)
+    left.Edit().ColorSelection(row, row, formats.GetDeleteCharFormat());
+  for (int row : inserted)
+    right.Edit().ColorSelection(row, row, formats.GetInsertCharFormat());
+  right.Edit().SetSel(0, 0);
+
+  BasicPaneWindows<FormattingPane> print;
+  print.Pane().SetLineTerminator(L"\r\n");
+  print.Edit().CombineForPrint(&left.Edit(), &right.Edit(), L"Old: C:\\work\\old.txt", L"New: C:\\work\\new.txt",
+                               print.Pane().GetDefaultCharFormat());
+  std::wstring output = ScreenshotPath(L"printed-comparison.ps");
+  ::DeleteFileW(output.c_str());
+  {
+    PrintDialogs dialogs({}, output);
+    print.Edit().OnFilePrint(&HostWindow());
+  }
+  std::string ps = ReadWholeFile(output);
+  EXPECT_EQ((std::vector<int>{1, 71, 141, 211, 281}), print.Edit().m_printedRows) << "302 rows, 70 a page";
+  EXPECT_EQ(5, CountOf(ps, "%%Page:"));
+  EXPECT_EQ(1, CountOf(ps, "%%Title: Sideview Output"));
 }
 
 // Direct printing to the printer the command line names: a printer that
