@@ -19,6 +19,7 @@
 #include "DialogDriver.h"
 #include "PaneTestSupport.h"
 
+#include <atomic>
 #include <fstream>
 #include <sstream>
 #include <string>
@@ -119,15 +120,18 @@ struct PrintChoice {
 };
 
 // Print dialog and Save As controls (the system's numbers).
-constexpr int kPrintToFile = 1040, kPageRange = 1058, kFromPage = 1152, kToPage = 1153, kFileNameCombo = 1148,
+constexpr int kPrintToFile = 1040, kSelection = 1057, kPageRange = 1058, kFromPage = 1152, kToPage = 1153, kFileNameCombo = 1148,
               kFileNameEdit = 1152;
 
 // Answers the Print dialog as choice says, printing to a file, and the file
 // dialog that follows with output.  Both drivers wait while the job runs.
+// What the Print dialog offered of the selection is noted.
 struct PrintDialogs {
   PrintDialogs(const PrintChoice& choice, const std::wstring& output)
       : print(nullptr,
-              [choice](HWND d) {
+              [this, choice](HWND d) {
+                selectionOffered = ::IsWindowEnabled(::GetDlgItem(d, kSelection)) != 0;
+                selectionChosen = ::IsDlgButtonChecked(d, kSelection) == BST_CHECKED;
                 if (choice.cancel)
                   return PressButton(d, IDCANCEL);
                 if (choice.from) {
@@ -145,6 +149,8 @@ struct PrintDialogs {
                PressButton(d, IDOK);
              },
              L"Print to File", choice.cancel ? 0 : 10000) {}
+  std::atomic<bool> selectionOffered{false};
+  std::atomic<bool> selectionChosen{false};
   DialogDriver print;
   DialogDriver file;
 };

@@ -106,6 +106,7 @@ TEST(CombineForPrint, CarriesTheRightPanesSelectedRows) {
 // A job's results: the rows that open each printed page, in paper order,
 // the PostScript file, and the state the job left behind.
 struct JobResult {
+  bool selectionOffered, selectionChosen;  // in the Print dialog
   std::vector<int> pages;
   std::string postScript;
   bool parentEnabled;
@@ -115,14 +116,17 @@ struct JobResult {
 JobResult PrintJob(BasicPaneWindows<FormattingPane>& pane, const PrintChoice& choice, const wchar_t* file,
                    std::function<void(HWND)> duringJob = nullptr) {
   std::wstring output = TempPath(file);
+  bool offered = false, chosen = false;
   {
     PrintDialogs dialogs(choice, output);
     std::unique_ptr<DialogDriver> job;
     if (duringJob)
       job.reset(new DialogDriver(HostWindow(), duringJob, kAppName, 10000));
     pane.Edit().OnFilePrint(&HostWindow());
+    offered = dialogs.selectionOffered;
+    chosen = dialogs.selectionChosen;
   }
-  return {pane.Edit().m_printedRows, ReadWholeFile(output), ::IsWindowEnabled(HostWindow()) != 0,
+  return {offered, chosen, pane.Edit().m_printedRows, ReadWholeFile(output), ::IsWindowEnabled(HostWindow()) != 0,
           pane.Edit().m_aPageStart.GetSize()};
 }
 
@@ -151,9 +155,12 @@ TEST(OnFilePrint, PrintsThePagesAskedForInTheOrderAskedFor) {
     pane.Fill(NumberedRows(200), L"\r\n");
     pane.Edit().SetSel(c.selection.first, c.selection.second);
     std::vector<int> expected = c.pages;
-    if (c.selection.second)
+    if (c.selection.second)  // the job starts at the selected rows' first character
       expected = {pane.Edit().LineFromChar(c.selection.first) + 1};
     JobResult job = PrintJob(pane, c.choice, L"vn-print-job.ps");
+    bool selection = c.selection.second != 0;
+    EXPECT_EQ(selection, job.selectionOffered) << "the dialog offers a selection only when there is one";
+    EXPECT_EQ(selection, job.selectionChosen);
     EXPECT_EQ(expected, job.pages);
     EXPECT_EQ(static_cast<int>(expected.size()), CountOf(job.postScript, "%%Page:")) << "pages on paper";
     EXPECT_EQ(1, CountOf(job.postScript, "%%Title: Sideview Output"));
