@@ -305,9 +305,9 @@ void CVnRichEditPane::OnFilePrint(CWnd* parent) {
   OnBeginPrinting(&dc, &info);
   dc.SetAbortProc(&CVnRichEditPane::PrintAbortProc);
   CVnPrintingDialog dialog(this);
-  dialog.SetDlgItemText(CVnPrintingDialog::IDC_DOCUMENT, kDocumentTitle);
-  dialog.SetDlgItemText(CVnPrintingDialog::IDC_PRINTER, info.m_pPD->GetDeviceName());
-  dialog.SetDlgItemText(CVnPrintingDialog::IDC_PORT, port);
+  ::SetDlgItemTextW(dialog, CVnPrintingDialog::IDC_DOCUMENT, kDocumentTitle);
+  ::SetDlgItemTextW(dialog, CVnPrintingDialog::IDC_PRINTER, info.m_pPD->GetDeviceName());
+  ::SetDlgItemTextW(dialog, CVnPrintingDialog::IDC_PORT, port);
   dialog.ShowWindow(SW_SHOW);
   dialog.UpdateWindow();
   if (parent)

@@ -15,21 +15,18 @@ static HINSTANCE ThisModule() {
   return module;
 }
 
-HINSTANCE CDialog::FindTemplate(UINT templateId, HINSTANCE module) {
-  for (HINSTANCE candidate : {module, ::GetModuleHandleW(nullptr), ThisModule()}) {
+HINSTANCE CDialog::FindTemplate(UINT templateId) {
+  for (HINSTANCE candidate : {::GetModuleHandleW(nullptr), ThisModule()})
     if (candidate && ::FindResourceW(candidate, MAKEINTRESOURCEW(templateId), MAKEINTRESOURCEW(5)))  // RT_DIALOG
       return candidate;
-    if (module)
-      break;
-  }
   return nullptr;
 }
 
-BOOL CDialog::Create(UINT templateId, CWnd* parent, HINSTANCE module) {
+BOOL CDialog::Create(UINT templateId, CWnd* parent) {
   assert(!m_hWnd && "one dialog per object");
   m_nIDTemplate = templateId;
   m_pParentWnd = parent;
-  HINSTANCE found = FindTemplate(templateId, module);
+  HINSTANCE found = FindTemplate(templateId);
   if (!found)
     return FALSE;
   HWND owner = parent ? parent->GetSafeHwnd() : nullptr;
@@ -39,7 +36,7 @@ BOOL CDialog::Create(UINT templateId, CWnd* parent, HINSTANCE module) {
 
 INT_PTR CDialog::DoModal() {
   assert(!m_hWnd && "one dialog per object");
-  HINSTANCE found = FindTemplate(m_nIDTemplate, nullptr);
+  HINSTANCE found = FindTemplate(m_nIDTemplate);
   if (!found)
     return -1;
   HWND owner = m_pParentWnd ? m_pParentWnd->GetSafeHwnd() : nullptr;
@@ -50,25 +47,6 @@ INT_PTR CDialog::DoModal() {
 void CDialog::EndDialog(int result) {
   assert(::IsWindow(m_hWnd) && "the object holds a live window");
   ::EndDialog(m_hWnd, result);
-}
-
-void CDialog::SetDlgItemText(int id, LPCWSTR text) {
-  assert(::IsWindow(m_hWnd) && "the object holds a live window");
-  ::SetDlgItemTextW(m_hWnd, id, text);
-}
-
-void CDialog::CenterWindow() {
-  assert(::IsWindow(m_hWnd) && "the object holds a live window");
-  RECT area, mine;
-  HWND owner = ::GetWindow(m_hWnd, GW_OWNER);
-  if (owner)
-    ::GetWindowRect(owner, &area);
-  else
-    ::SystemParametersInfoW(SPI_GETWORKAREA, 0, &area, 0);
-  ::GetWindowRect(m_hWnd, &mine);
-  int width = mine.right - mine.left, height = mine.bottom - mine.top;
-  ::SetWindowPos(m_hWnd, nullptr, (area.left + area.right - width) / 2, (area.top + area.bottom - height) / 2, 0, 0,
-                 SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 BOOL CDialog::OnInitDialog() { return TRUE; }

@@ -6,8 +6,8 @@
 // doing the default work, and OnInitDialog runs; the buttons IDOK and
 // IDCANCEL (and Esc, and closing the window) reach OnOK and OnCancel.
 //
-// The template is looked up by number: in the module given, or else in the
-// program's own module and then in the module this code lives in.
+// The template is looked up by number: in the program's own module, then in
+// the module this code lives in.
 #ifndef VN_AFX_WIN32_CDIALOG_H
 #define VN_AFX_WIN32_CDIALOG_H
 
@@ -20,14 +20,10 @@ public:
 
   // A modeless dialog.  FALSE, with no window, when the template is missing
   // or the system refused.
-  BOOL Create(UINT templateId, CWnd* parent = nullptr, HINSTANCE module = nullptr);
+  virtual BOOL Create(UINT templateId, CWnd* parent = nullptr);
   // IDOK, IDCANCEL or the code given to EndDialog; -1 when it could not show.
   virtual INT_PTR DoModal();
   void EndDialog(int result);
-
-  void SetDlgItemText(int id, LPCWSTR text);
-  // Places the window over the middle of its owner (or of the screen).
-  void CenterWindow();
 
 protected:
   // After the system's setup; non-zero gives the focus to the first control.
@@ -41,7 +37,7 @@ protected:
   CWnd* m_pParentWnd;
 
 private:
-  static HINSTANCE FindTemplate(UINT templateId, HINSTANCE module);
+  static HINSTANCE FindTemplate(UINT templateId);
   static INT_PTR CALLBACK DialogProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam);
 };
 
