@@ -179,7 +179,8 @@ TEST(OnFilePrint, CancelledDialogsPrintNothing) {
   EXPECT_TRUE(job.parentEnabled);
 }
 
-// Cancel in the printing dialog stops the job after the page in hand.
+// Cancel in the printing dialog stops the job after the page in hand.  The
+// dialog's picture goes to <build>/screenshots/printing-dialog.png.
 TEST(OnFilePrint, CancelInThePrintingDialogEndsTheJob) {
   CWinApp app(kAppName);
   BasicPaneWindows<FormattingPane> pane;
@@ -188,6 +189,7 @@ TEST(OnFilePrint, CancelInThePrintingDialogEndsTheJob) {
   JobResult job = PrintJob(pane, {}, L"vn-print-cancel.ps", [&](HWND dialog) {
     document = GetItemText(dialog, 201);
     port = GetItemText(dialog, 203);
+    WritePng(CaptureWindow(dialog), ScreenshotPath(L"printing-dialog.png"));
     PressButton(dialog, IDCANCEL);
   });
   EXPECT_EQ(L"Sideview Output", document);
