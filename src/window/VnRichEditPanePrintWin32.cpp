@@ -301,7 +301,10 @@ void CVnRichEditPane::OnFilePrint(CWnd* parent) {
                                   : FormatJobText(IDS_PRINTTOFILE, output);
 
   CDC dc;
-  dc.Attach(info.m_pPD->m_pd.hDC);
+  if (!dc.Attach(info.m_pPD->m_pd.hDC)) {
+    ShowStartFailure();
+    return;
+  }
   OnBeginPrinting(&dc, &info);
   dc.SetAbortProc(&CVnRichEditPane::PrintAbortProc);
   CVnPrintingDialog dialog(this);
