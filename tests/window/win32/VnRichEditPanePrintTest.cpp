@@ -266,6 +266,26 @@ TEST(OnFilePrint, PrintsAComparisonSideBySide) {
   EXPECT_EQ(1, CountOf(ps, "%%Title: Sideview Output"));
 }
 
+// The control's own formatter: the job ends, on paper, whatever the
+// formatter manages (Wine's lays out nothing and the job ends after one
+// empty page; docs/printing.md).
+TEST(OnFilePrint, EndsWithTheControlsOwnFormatter) {
+  CWinApp app(kAppName);
+  PaneWindows pane;
+  pane.Fill(NumberedRows(200), L"\r\n");
+  std::wstring output = TempPath(L"vn-print-control.ps");
+  {
+    PrintDialogs dialogs({}, output);
+    pane.Edit().OnFilePrint(&HostWindow());
+  }
+  std::string ps = ReadWholeFile(output);
+  EXPECT_GE(CountOf(ps, "%%Page:"), 1);
+  EXPECT_LE(CountOf(ps, "%%Page:"), 5) << "200 rows take a few pages, not endless empty ones";
+  EXPECT_EQ(1, CountOf(ps, "%%Title: Sideview Output"));
+  EXPECT_EQ(0, pane.Edit().m_aPageStart.GetSize());
+  EXPECT_TRUE(::IsWindowEnabled(HostWindow()));
+}
+
 // Direct printing to the printer the command line names: a printer that
 // can't be reached is reported, and no dialog shows.
 TEST(OnFilePrint, DirectPrintingToAMissingPrinterSaysSo) {
