@@ -86,11 +86,6 @@ private:
   }
 };
 
-// Wine's ntdll exports its version; Windows' doesn't.
-inline bool RunningOnWine() {
-  return ::GetProcAddress(::GetModuleHandleW(L"ntdll.dll"), "wine_get_version") != nullptr;
-}
-
 inline std::wstring TempPath(const wchar_t* name) {
   wchar_t dir[MAX_PATH] = {};
   ::GetTempPathW(MAX_PATH, dir);

@@ -200,22 +200,6 @@ TEST(OnFilePrint, CancelInThePrintingDialogEndsTheJob) {
   EXPECT_EQ(0, job.pageStarts);
 }
 
-// A file that can't be written fails StartDoc: the user is told.  Wine's
-// StartDoc succeeds whatever the file (docs/printing.md).
-TEST(OnFilePrint, AJobThatCannotStartSaysSo) {
-  if (RunningOnWine())
-    GTEST_SKIP() << "Wine's StartDoc does not fail for an output file it cannot create";
-  CWinApp app(kAppName);
-  BasicPaneWindows<FormattingPane> pane;
-  pane.Fill(NumberedRows(20), L"\r\n");
-  ScriptedPrompt prompt({IDOK});
-  JobResult job = PrintJob(pane, {}, L"no-such-directory\\vn-print.ps");
-  ASSERT_EQ(1u, prompt.Asked().size());
-  EXPECT_NE(std::string::npos, prompt.Asked()[0].text.find("could not be started"));
-  EXPECT_TRUE(job.pages.empty());
-  EXPECT_TRUE(job.parentEnabled);
-}
-
 // A comparison of a few hundred lines, aligned as a host aligns it (gaps
 // across from deleted and inserted lines, deleted lines struck through),
 // printed whole.  The PostScript stays in <build>/screenshots for a person
