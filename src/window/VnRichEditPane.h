@@ -17,6 +17,11 @@
 // CVnPaneWnd's, else empty.  The control itself ends a paragraph in one CR
 // whatever terminator went in ("\r" and "\r\n" alike).
 //
+// Printing (VnRichEditPaneCombineWin32.cpp, VnRichEditPanePrintWin32.cpp):
+// CombineForPrint writes two panes' lines side by side into this pane, and
+// OnFilePrint prints this pane page by page.  A host calls both, in that
+// order, on a pane of its own that no one sees.
+//
 // Windows only.
 #ifndef VN_WINDOW_VNRICHEDITPANE_H
 #define VN_WINDOW_VNRICHEDITPANE_H
@@ -26,6 +31,7 @@
 
 class CDC;
 class CFont;
+class CPrintInfo;
 class CScrollBar;
 class CVnDiffArg;
 class CVnDisplayOptions;
@@ -83,12 +89,38 @@ public:
   void HScroll(int column, CScrollBar* bar);
   void GoToBeginning();
 
+  // Printing.  CombineForPrint fills this pane with header2's line, then
+  // header1's, then one row per line of the longer pane: left's line padded
+  // to left's longest line, a blank, right's line.  Rows whose left line is
+  // struck through take that line's format; the rest take format.  A
+  // selection in right becomes the selection of the same rows here.  This
+  // pane's parent must be a CVnPaneWnd with a terminator (or the pane its
+  // own).  The selection of left is left moved.
+  void CombineForPrint(CVnRichEditPane* left, CVnRichEditPane* right, LPCWSTR header1, LPCWSTR header2,
+                       const CHARFORMATW& format);
+  // Asks for a printer (and, to print to a file, the file's name) and prints
+  // this pane, or its selection when the user chose it, with a dialog that
+  // lets the user stop the job.  parent is disabled for the job's length.
+  // Returns when the job has ended.
+  void OnFilePrint(CWnd* parent);
+
   CDWordArray m_aPageStart;     // where each printed page starts
   int m_nFirstVisibleChar;      // the pane's idea of the column at the left edge
   int m_bHScrollReplay;         // set while HScroll replays scroll messages
   CString m_strLineTerminator;  // the pane's own terminator; empty: the parent's
 
 protected:
+  // The steps of a print job (VnRichEditPanePrintWin32.cpp).
+  int DoPreparePrinting(CPrintInfo* info);
+  void OnBeginPrinting(CDC* dc, CPrintInfo* info);
+  void OnPrepareDC(CDC* dc, CPrintInfo* info);
+  void OnPrint(CDC* dc, CPrintInfo* info);
+  long PrintPage(CDC* dc, long first, long last);
+  int PaginateTo(CDC* dc, CPrintInfo* info);
+  void OnEndPrinting(CDC* dc, CPrintInfo* info);
+  // Keeps the user interface alive during a job; 0 once the user stopped it.
+  static BOOL CALLBACK PrintAbortProc(HDC dc, int code);
+
   void OnClose() override;
   void OnHScroll(UINT code, UINT pos, CScrollBar* bar) override;
   void OnVScroll(UINT code, UINT pos, CScrollBar* bar) override;
@@ -101,6 +133,9 @@ private:
   void SelectRange(int start, int end);
   int ParagraphMarkBefore(int lineStart) const;
   void SelectFormatFont(CDC& dc, CFont& font, const CHARFORMATW& format, HGDIOBJ& old);
+  void StrikeDeletedRows(CVnRichEditPane& left, int rows);
+  void PrintPages(CDC& dc, CPrintInfo& info, CWnd& dialog);
+  void SetPageRect(CDC& dc, CPrintInfo& info);
 };
 
 #endif  // VN_WINDOW_VNRICHEDITPANE_H

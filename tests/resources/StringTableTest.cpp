@@ -40,6 +40,9 @@ const Entry kTexts[] = {
     {10002, "Please enter a number."},
     {32773, "Underline\nUnderline"},
     {32799, "The text cannot be empty"},
+    {0xF040, "on %1"},
+    {0xF047, "Printer Files (*.prn)|*.prn|All Files (*.*)|*.*||"},
+    {0xF106, "The print job could not be started.  Check that the printer is ready, or choose another one."},
 };
 
 TEST(StringTableTest, EntriesLoadWithTheirExactText) {
@@ -53,13 +56,13 @@ TEST(StringTableTest, HoldsExactlyTheListedNumbers) {
   const std::pair<UINT, UINT> ranges[] = {
       {1, 16},      {101, 102},   {132, 133},   {147, 169},   {2897, 2897}, {2899, 2902}, {2904, 2904},
       {2907, 2907}, {2909, 2909}, {6000, 6002}, {6010, 6011}, {7000, 7001}, {10000, 10002}, {32773, 32774},
-      {32777, 32778}, {32781, 32799},
+      {32777, 32778}, {32781, 32799}, {0xF040, 0xF040}, {0xF043, 0xF043}, {0xF045, 0xF049}, {0xF106, 0xF106},
   };
   std::set<UINT> expected, found;
   for (const auto& r : ranges)
     for (UINT id = r.first; id <= r.second; ++id)
       expected.insert(id);
-  ASSERT_EQ(84u, expected.size());
+  ASSERT_EQ(92u, expected.size());
   CString text;
   for (UINT id = 0; id <= 0xFFFF; ++id)
     if (LoadLocalString(GetResourceModule(), id, text))

@@ -15,6 +15,7 @@ CWinApp* AfxGetApp() { return g_pApp; }
 CWinApp::CWinApp(LPCWSTR appName)
     : m_pszAppName(nullptr), m_hInstance(nullptr), m_lpCmdLine(nullptr), m_nCmdShow(SW_SHOWNORMAL),
       m_pszRegistryKey(nullptr), m_pszHelpFilePath(nullptr), m_pMainWnd(nullptr),
+      m_pCmdInfo(nullptr), m_hDevMode(nullptr), m_hDevNames(nullptr),
       m_nWaitCursorCount(0), m_hcurRestore(nullptr), m_nExitCode(0) {
   if (appName) {
     m_strAppName = appName;
@@ -27,6 +28,10 @@ CWinApp::CWinApp(LPCWSTR appName)
 }
 
 CWinApp::~CWinApp() {
+  if (m_hDevMode)
+    ::GlobalFree(m_hDevMode);
+  if (m_hDevNames)
+    ::GlobalFree(m_hDevNames);
   if (g_pApp == this)
     g_pApp = nullptr;
 }

@@ -12,7 +12,22 @@
 #include "afx/afx.h"
 #include "afx/win32/CCmdTarget.h"
 
+#include <commdlg.h>
+
+class CPrintDialog;
 class CWnd;
+
+// What the command line asked the application to do.  FilePrintTo names
+// the printer by driver, device and port.
+class VN_API CCommandLineInfo {
+public:
+  enum { FileNew = 0, FileOpen = 1, FilePrint = 2, FilePrintTo = 3, FileDDE = 4, FileNothing = -1 };
+  int m_nShellCommand = FileNew;
+  CString m_strFileName;
+  CString m_strPrinterName;
+  CString m_strDriverName;
+  CString m_strPortName;
+};
 
 class VN_API CWinApp : public CCmdTarget {
   DECLARE_DYNAMIC(CWinApp)
@@ -57,6 +72,14 @@ public:
   // Points m_pszHelpFilePath at a copy of path (null for none).
   void SetHelpFilePath(LPCWSTR path);
 
+  // Printing.  The application keeps the printer chosen last (m_hDevMode,
+  // m_hDevNames) and offers it to the next dialog.  DoPrintDialog runs the
+  // dialog owned by the main window and gives IDOK or IDCANCEL.
+  virtual INT_PTR DoPrintDialog(CPrintDialog* dialog);
+  // Fills the record's device handles with the kept printer, first fetching
+  // the system's default printer if none is kept.  FALSE with no printer.
+  BOOL GetPrinterDeviceDefaults(PRINTDLGW* pd);
+
   LPCWSTR m_pszAppName;
   HINSTANCE m_hInstance;
   LPWSTR m_lpCmdLine;
@@ -64,6 +87,9 @@ public:
   LPCWSTR m_pszRegistryKey;
   LPCWSTR m_pszHelpFilePath;
   CWnd* m_pMainWnd;
+  CCommandLineInfo* m_pCmdInfo;  // the host's parsed command line, or null
+  HGLOBAL m_hDevMode;
+  HGLOBAL m_hDevNames;
 
 private:
   void DoWaitCursor(int step);

@@ -174,6 +174,15 @@ LRESULT CWnd::DispatchScroll(UINT message, WPARAM wParam, LPARAM lParam) {
 
 void CWnd::OnClose() { DefWindowProc(WM_CLOSE, 0, 0); }
 
+const MSG* CWnd::GetCurrentMessage() {
+  thread_local MSG current;
+  current = MSG();
+  current.message = t_current.message;
+  current.wParam = t_current.wParam;
+  current.lParam = t_current.lParam;
+  return &current;
+}
+
 LRESULT CWnd::Default() { return DefWindowProc(t_current.message, t_current.wParam, t_current.lParam); }
 
 int CWnd::OnCreate(LPCREATESTRUCTW) { return static_cast<int>(Default()); }

@@ -62,6 +62,10 @@ public:
   // when that fails.
   BOOL SubclassCreated();
 
+  // The message this thread's window procedure is handling now (hwnd and
+  // time not kept); all zero outside one.
+  static const MSG* GetCurrentMessage();
+
   LRESULT SendMessage(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const;
   BOOL PostMessage(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const;
   void SetWindowText(LPCWSTR text);
