@@ -77,10 +77,21 @@ public:
       m_panes[k]->SetDefaultText(reinterpret_cast<unsigned char*>(&text[0]),
                                  static_cast<int>(text.size() * sizeof(wchar_t)), format);
     }
+    Rewind();
     m_top.ResizeInternalPanes(m_top.GetLineNumWidth(format, 1));
     m_top.SetupVScrollBars();
     m_top.SetupHScrollBars();
     PumpMessages();
+  }
+
+  // The caret to the start of every text and number column.  Filling leaves
+  // it at the end, where the control scrolled to show it: a scroll position
+  // between two lines, which scrolling by lines keeps (docs/synchronised-panes.md).
+  void Rewind() {
+    for (CVnPaneWnd* pane : m_panes) {
+      pane->GetTextPane()->SetSel(0, 0);
+      pane->GetLineNumPane()->SetSel(0, 0);
+    }
   }
 
   HWND Bar(UINT id) { return ::GetDlgItem(m_top, static_cast<int>(id)); }
