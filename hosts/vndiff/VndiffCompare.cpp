@@ -1,8 +1,11 @@
-// VndiffCompare.cpp - one comparison, end to end, and the binary question.
+// VndiffCompare.cpp - one comparison, end to end, and the failures on the way.
 #include "VndiffHost.h"
 
-#include "intake/VnDiffFile.h"
+#include "afx/os/OsSeam.h"
+#include "foundation/LocalResources.h"
+#include "intake/VnFile.h"
 
+#include <cerrno>
 #include <cstring>
 #ifdef _WIN32
 #include <io.h>
@@ -42,7 +45,83 @@ bool UseColor(Color color) {
   return color == Color::Auto && VN_ISATTY(1);
 }
 
+std::string FileMessage(CFileException* fe, const std::string& path) {
+  CString message;
+  const CString name = path.empty() ? fe->m_strFileName : Wide(path);
+  message.Format(LoadLocalString(GetResourceModule(), 153), name.GetString());
+  std::string text = Narrow(message);
+  if (fe->m_lOsError > 0) {
+    std::string reason = Narrow(CString(vn::os::SystemMessage(static_cast<DWORD>(fe->m_lOsError))));
+    while (!reason.empty() && (reason.back() == '\n' || reason.back() == '\r'))
+      reason.pop_back();
+    if (!reason.empty())
+      text += " " + reason;
+  }
+  return text;
+}
+
+CVnCompareOptions CompareOptions(const Options& o) {
+  CVnCompareOptions c;
+  c.m_bIgnoreCase = o.ignoreCase;
+  c.m_bIgnoreWhitespace = o.ignoreWhitespace;
+  c.m_bIgnoreLineEnds = o.ignoreLineEnds;
+  c.m_nSourceCodePage = o.sourceEncoding;
+  c.m_nTargetCodePage = o.targetEncoding;
+  c.m_bRaw = o.raw;
+  // The records form shows Compare's own records; the others must rebuild
+  // the target byte for byte, line ends included.
+  c.m_bExactLineEnds = o.format != Format::Records;
+  return c;
+}
+
 }  // namespace
+
+CString Wide(const std::string& utf8) { return VnFromUtf8(utf8); }
+std::string Narrow(const CString& text) { return VnToUtf8(text); }
+
+std::string DescribeException(CException* e, const std::string& path) {
+  std::string text;
+  if (CFileException* fe = dynamic_cast<CFileException*>(e)) {
+    text = FileMessage(fe, path);
+  } else {
+    WCHAR buffer[1024];
+    text = e->GetErrorMessage(buffer, 1024) ? Narrow(CString(buffer)) : std::string("unknown failure");
+    if (!path.empty())
+      text = path + ": " + text;
+  }
+  e->Delete();
+  return text;
+}
+
+void CheckReadable(const std::string& path) {
+  CVnFile::FileStatus status;
+  if (!CVnFile::GetStatus(Wide(path), status, false))
+    return;  // opening it will say why
+  if (status.m_attribute & FILE_ATTRIBUTE_DIRECTORY)
+    throw Failure(path + ": is a directory");
+  if (status.m_sizeHigh != 0)
+    throw Failure(path + ": file of 4 GiB or more; vndiff compares files below 4 GiB only");
+}
+
+void OpenSide(CVnComparison& comparison, CVnComparison::Side side, const std::string& path) {
+  CheckReadable(path);
+  comparison.GetFile(side).SetDisplayName(Wide(OperandLabel(path)));
+  bool opened = false;
+  try {
+    opened = comparison.Open(side, Wide(path));
+  } catch (CException* e) {
+    throw Failure(DescribeException(e, path));
+  }
+  if (!opened)
+    throw Failure(path + ": binary file not compared (--binary=yes compares it)");
+}
+
+void AppendLineWithEnd(const CVnComparedFile& file, long i, std::string& out, const char* prefix) {
+  out += prefix;
+  file.AppendLineAsRead(i, out);
+  if (file.GetLineEnd(i) == VnLineEnd::None)
+    out += "\n\\ No newline at end of file\n";
+}
 
 void InstallBinaryAnswer(Binary binary) {
   g_binaryAnswer = binary;
@@ -51,33 +130,26 @@ void InstallBinaryAnswer(Binary binary) {
 
 // Reads, compares and prints; gives the exit status.
 int RunCompare(const Options& o, std::FILE* out) {
-  CVnDiffFile sourceFile, targetFile;  // their buffers hold decoded text
-  std::unique_ptr<InputText> source, target;
-  ReadPair(o, source, target, sourceFile, targetFile);
-  CVnDiffChangeList changes;
-  source->lines.Compare(o.ignoreWhitespace, o.ignoreCase, o.ignoreLineEnds, target->lines, changes);
-  // The output must rebuild the target byte for byte, line ends included,
-  // which the lines alone can't tell: raw lines hold no terminator (only the
-  // last line can lack one), decoded lines all end in CR LF.  The records
-  // form shows Compare's own records.
-  if (!o.ignoreLineEnds && o.format != Format::Records) {
-    if (source->wide && target->wide)
-      AddLineEndChanges(*source, *target, changes);
-    else if (!source->wide && !target->wide)
-      AddFinalNewlineChange(*source, *target, changes);
+  CVnComparison comparison(CompareOptions(o));
+  OpenSide(comparison, CVnComparison::Source, o.files[0]);
+  OpenSide(comparison, CVnComparison::Target, o.files[1]);
+  try {
+    comparison.Compare();
+  } catch (CException* e) {
+    throw Failure(DescribeException(e, ""));
   }
   if (!o.saveDelta.empty())
     SaveDelta(o.saveDelta, o.files[0], o.files[1]);
 
   switch (o.format) {
-  case Format::Normal: WriteNormal(*source, *target, ToSpans(changes, true), out); break;
-  case Format::Unified: WriteUnified(*source, *target, ToSpans(changes, true), o.context, out); break;
-  case Format::SideBySide: WriteSideBySide(*source, *target, changes, o.width, UseColor(o.color), out); break;
-  case Format::Records: WriteRecords(changes, out); break;
+  case Format::Normal: WriteNormal(comparison, out); break;
+  case Format::Unified: WriteUnified(comparison, o.context, out); break;
+  case Format::SideBySide: WriteSideBySide(comparison, o.width, UseColor(o.color), out); break;
+  case Format::Records: WriteRecords(comparison.GetChanges(), out); break;
   }
   if (fflush(out) != 0 || ferror(out))
     throw Failure(std::string("write error: ") + strerror(errno));
-  return changes.GetSize() ? kExitDifferent : kExitSame;
+  return comparison.IsSame() ? kExitSame : kExitDifferent;
 }
 
 }  // namespace vndiff

@@ -60,6 +60,16 @@ void WriteFile(const std::string& path, const void* data, unsigned long size, co
   throw Failure(dir + ": damaged delta: " + why);
 }
 
+// The file's bytes cut at LF, or Failure naming it.
+void ReadRaw(CVnComparedFile& file, const std::string& path) {
+  CheckReadable(path);
+  try {
+    file.ReadRaw(Wide(path));
+  } catch (CException* e) {
+    throw Failure(DescribeException(e, path));
+  }
+}
+
 // Reads the records through CVnDiffChange::Load after checking the size.
 void LoadRecords(const std::string& dir, CVnDiffChangeList& records) {
   const std::string path = Join(dir, "records");
@@ -147,12 +157,17 @@ LastLine CheckRecords(const std::string& dir, const CVnDiffChangeList& records, 
 
 }  // namespace
 
+// Raw bytes on both sides, line ends exact, so that the records and the
+// delta text rebuild the target byte for byte.
 void SaveDelta(const std::string& dir, const std::string& sourcePath, const std::string& targetPath) {
-  std::unique_ptr<InputText> source = ReadRaw(sourcePath);
-  std::unique_ptr<InputText> target = ReadRaw(targetPath);
-  CVnDiffChangeList changes;
-  source->lines.Compare(0, 0, 0, target->lines, changes);
-  AddFinalNewlineChange(*source, *target, changes);
+  CVnCompareOptions options;
+  options.m_bRaw = true;
+  options.m_bExactLineEnds = true;
+  CVnComparison comparison(options);
+  OpenSide(comparison, CVnComparison::Source, sourcePath);
+  OpenSide(comparison, CVnComparison::Target, targetPath);
+  comparison.Compare();
+  const CVnDiffChangeList& changes = comparison.GetChanges();
 
   MakeDirectory(dir);
   const std::string recordsPath = Join(dir, "records");
@@ -166,7 +181,7 @@ void SaveDelta(const std::string& dir, const std::string& sourcePath, const std:
   }
   unsigned long size = 0;
   unsigned char* text = nullptr;
-  target->lines.ExtractChangedLines(changes, size, text);
+  comparison.GetFile(CVnComparison::Target).GetLines().ExtractChangedLines(const_cast<CVnDiffChangeList&>(changes), size, text);
   std::unique_ptr<unsigned char[]> owned(text);
   WriteFile(Join(dir, "text"), text, size, Join(dir, "text"));
 }
@@ -191,12 +206,12 @@ static void WriteOutput(const std::string& output, const unsigned char* bytes, u
 // The ending-terminator flag of the rebuilt set: the delta text's or the
 // source's when its last line is their last line, else set (a line inside a
 // file always has its line end).
-static void TakeEnding(CVnDiffArg& result, LastLine last, const InputText& source, const InputText& delta) {
+static void TakeEnding(CVnDiffArg& result, LastLine last, const CVnDiffArg& source, const CVnDiffArg& delta) {
   bool terminated = true;
   if (last == LastLine::Delta)
-    terminated = delta.lines.GetFileInfo().HasEndingTerminator() != 0;
+    terminated = delta.GetFileInfo().HasEndingTerminator() != 0;
   else if (last == LastLine::SourceLast)
-    terminated = source.lines.GetFileInfo().HasEndingTerminator() != 0;
+    terminated = source.GetFileInfo().HasEndingTerminator() != 0;
   CVnFileInfo info = result.GetFileInfo();
   info.m_nFlags &= ~static_cast<uint32_t>(CVnFileInfo::kEndingTerminator);
   if (terminated)
@@ -207,20 +222,21 @@ static void TakeEnding(CVnDiffArg& result, LastLine last, const InputText& sourc
 void ApplyDelta(const std::string& dir, const std::string& sourcePath, const std::string& output) {
   CVnDiffChangeList records;
   LoadRecords(dir, records);
-  std::unique_ptr<InputText> source = ReadRaw(sourcePath);
-  std::unique_ptr<InputText> delta = ReadRaw(Join(dir, "text"));
+  CVnComparedFile source, delta;
+  ReadRaw(source, sourcePath);
+  ReadRaw(delta, Join(dir, "text"));
   unsigned char* bytes = nullptr;
   int size = 0;
   if (records.GetSize() == 1 && records[0]->IsFullFileDelta()) {
-    delta->lines.GetBuffer(bytes, size);  // the delta text is the whole target
+    delta.GetLines().GetBuffer(bytes, size);  // the delta text is the whole target
   } else {
-    const LastLine last = CheckRecords(dir, records, source->lines.GetLineCount(), delta->lines.GetLineCount());
+    const LastLine last = CheckRecords(dir, records, source.GetLines().GetLineCount(), delta.GetLines().GetLineCount());
     CVnDiffArg result(CVnFileInfo::Text8, 10);
     int sourcePos = 1, targetPos = 1, deltaPos = 0;
     for (INT_PTR k = 0; k < records.GetSize(); ++k)
-      result.ProcessChange(*records[k], source->lines, delta->lines, sourcePos, targetPos, deltaPos);
-    result.CopyLines(source->lines, sourcePos - 1, -1);
-    TakeEnding(result, last, *source, *delta);
+      result.ProcessChange(*records[k], source.GetLines(), delta.GetLines(), sourcePos, targetPos, deltaPos);
+    result.CopyLines(source.GetLines(), sourcePos - 1, -1);
+    TakeEnding(result, last, source.GetLines(), delta.GetLines());
     result.GetBuffer(bytes, size);
   }
   std::unique_ptr<unsigned char[]> owned(bytes);

@@ -1,16 +1,39 @@
 // VndiffInfo.cpp - what the intake finds in each file: --info FILE...
 #include "VndiffHost.h"
 
-#include "intake/VnDiffFile.h"
-
 namespace vndiff {
 
-static const char* TypeName(const CVnDiffFile& file) {
-  switch (file.GetFileType()) {
+static const char* TypeName(int type) {
+  switch (type) {
   case CVnDiffFile::TypeUnicode: return "Unicode";
   case CVnDiffFile::TypeBinary: return "binary";
   default: return "text";
   }
+}
+
+// --source-encoding names the first file, --target-encoding the second,
+// --encoding all of them.
+static unsigned EncodingOf(const Options& o, size_t k) {
+  if (k < 2)
+    return k == 0 ? o.sourceEncoding : o.targetEncoding;
+  return o.sourceEncoding == o.targetEncoding ? o.sourceEncoding : 0;
+}
+
+static void Describe(const std::string& path, unsigned encoding, std::FILE* out) {
+  CheckReadable(path);
+  CVnComparedFile file;
+  file.SetDisplayName(Wide(OperandLabel(path)));
+  try {
+    file.Read(Wide(path), encoding);
+  } catch (CException* e) {
+    throw Failure(DescribeException(e, path));
+  }
+  const CVnFileFacts& f = file.GetFacts();
+  fprintf(out,
+          "%s\n  type:            %s\n  encoding:        %s\n  code page:       %u\n"
+          "  byte order mark: %s\n  lines:           %ld\n",
+          Narrow(f.m_strDisplayName).c_str(), TypeName(f.m_nFileType), Narrow(f.m_strEncoding).c_str(),
+          f.m_nCodePage, f.m_bHasBOM ? "yes" : "no", f.m_nLineCount);
 }
 
 // Gives 0, or 2 when a file could not be read (the others are still listed).
@@ -18,34 +41,8 @@ int RunInfo(const Options& o, std::FILE* out) {
   int status = kExitSame;
   InstallBinaryAnswer(Binary::Yes);  // describing a file is not comparing it
   for (size_t k = 0; k < o.files.size(); ++k) {
-    const std::string& path = o.files[k];
     try {
-      CheckReadable(path);
-      CVnDiffFile file;
-      file.SetFileName(Wide(path));
-      // --source-encoding names the first file, --target-encoding the second,
-      // --encoding all of them.
-      unsigned encoding = o.sourceEncoding == o.targetEncoding ? o.sourceEncoding : 0;
-      if (k == 0)
-        encoding = o.sourceEncoding;
-      else if (k == 1)
-        encoding = o.targetEncoding;
-      if (encoding)
-        file.SetFileEncoding(encoding);
-      unsigned char* data = nullptr;
-      unsigned long size = 0;
-      try {
-        file.GetFileContents(data, size);
-      } catch (CException* e) {
-        throw Failure(DescribeException(e, path));
-      }
-      CVnDiffArg lines(file.IsBinary() ? CVnFileInfo::Text8 : CVnFileInfo::Text16, 10);
-      lines.Create(data, size);
-      fprintf(out,
-              "%s\n  type:            %s\n  encoding:        %s\n  code page:       %u\n"
-              "  byte order mark: %s\n  lines:           %d\n",
-              OperandLabel(path).c_str(), TypeName(file), Narrow(file.GetEncodingDescription()).c_str(), file.GetCodePage(),
-              file.HasByteOrderMark() ? "yes" : "no", lines.GetLineCount());
+      Describe(o.files[k], EncodingOf(o, k), out);
     } catch (const Failure& f) {
       fflush(out);
       fprintf(stderr, "vndiff: %s\n", Relabel(f.what()).c_str());

@@ -15,34 +15,36 @@ static void AppendRange(long begin, long count, std::string& out) {
   out += text;
 }
 
-static void AppendHeader(const Span& s, std::string& out) {
+static void AppendHeader(const CVnChangeSpan& s, std::string& out) {
   char text[24];
-  if (s.srcCount == 0) {
-    snprintf(text, sizeof text, "%lda", s.srcBegin);
+  if (s.m_nSourceCount == 0) {
+    snprintf(text, sizeof text, "%lda", s.m_nSourceBegin);
     out += text;
-    AppendRange(s.tgtBegin, s.tgtCount, out);
-  } else if (s.tgtCount == 0) {
-    AppendRange(s.srcBegin, s.srcCount, out);
-    snprintf(text, sizeof text, "d%ld", s.tgtBegin);
+    AppendRange(s.m_nTargetBegin, s.m_nTargetCount, out);
+  } else if (s.m_nTargetCount == 0) {
+    AppendRange(s.m_nSourceBegin, s.m_nSourceCount, out);
+    snprintf(text, sizeof text, "d%ld", s.m_nTargetBegin);
     out += text;
   } else {
-    AppendRange(s.srcBegin, s.srcCount, out);
+    AppendRange(s.m_nSourceBegin, s.m_nSourceCount, out);
     out += 'c';
-    AppendRange(s.tgtBegin, s.tgtCount, out);
+    AppendRange(s.m_nTargetBegin, s.m_nTargetCount, out);
   }
   out += '\n';
 }
 
-void WriteNormal(const InputText& src, const InputText& tgt, const std::vector<Span>& spans, std::FILE* out) {
+void WriteNormal(const CVnComparison& comparison, std::FILE* out) {
+  const CVnComparedFile& src = comparison.GetFile(CVnComparison::Source);
+  const CVnComparedFile& tgt = comparison.GetFile(CVnComparison::Target);
   std::string buf;
-  for (const Span& s : spans) {
+  for (const CVnChangeSpan& s : comparison.GetSpans(true)) {
     AppendHeader(s, buf);
-    for (long i = 0; i < s.srcCount; ++i)
-      AppendLineWithEnd(src, static_cast<int>(s.srcBegin + i), buf, "< ");
-    if (s.srcCount && s.tgtCount)
+    for (long i = 0; i < s.m_nSourceCount; ++i)
+      AppendLineWithEnd(src, s.m_nSourceBegin + i, buf, "< ");
+    if (s.m_nSourceCount && s.m_nTargetCount)
       buf += "---\n";
-    for (long i = 0; i < s.tgtCount; ++i)
-      AppendLineWithEnd(tgt, static_cast<int>(s.tgtBegin + i), buf, "> ");
+    for (long i = 0; i < s.m_nTargetCount; ++i)
+      AppendLineWithEnd(tgt, s.m_nTargetBegin + i, buf, "> ");
     if (buf.size() > (1 << 16)) {
       fwrite(buf.data(), 1, buf.size(), out);
       buf.clear();

@@ -1,8 +1,6 @@
 // VndiffSideBySide.cpp - the two texts level with each other, as the panes show them.
 //
-// The records are walked as a host fills its panes: a Change pairs its lines
-// row by row, a Delete leaves a gap on the target side, an Insert a gap on
-// the source side, and unchanged lines stand level.  Each row is
+// The comparison's aligned rows, one a line.  Each row is
 // "NNNNNN text | NNNNNN text" with a middle mark: ' ' same, '|' changed,
 // '<' deleted, '>' inserted.  Tabs are expanded to stops of 8.
 #include "VndiffHost.h"
@@ -50,13 +48,13 @@ std::string Fit(const std::string& line, size_t width) {
   return out;
 }
 
-void AppendCell(const InputText* text, long line, const Layout& layout, const char* color, std::string& out) {
+void AppendCell(const CVnComparedFile& file, long line, const Layout& layout, const char* color, std::string& out) {
   std::string body;
-  if (text) {
+  if (line >= 0) {
     char number[32];
     snprintf(number, sizeof number, "%6ld ", line + 1);
     std::string content;
-    AppendLine(*text, static_cast<int>(line), content);
+    file.AppendLineUtf8(line, content);
     body = number + Fit(content, layout.textWidth);
   } else {
     body.assign(7 + layout.textWidth, ' ');
@@ -67,15 +65,24 @@ void AppendCell(const InputText* text, long line, const Layout& layout, const ch
     out += body;
 }
 
-// One row: either side may be a gap (null text).
-void AppendRow(const InputText* left, long l, const InputText* right, long r, char mark, const Layout& layout,
-               std::string& out) {
+char MarkOf(VnRowKind kind) {
+  switch (kind) {
+  case VnRowKind::Changed: return '|';
+  case VnRowKind::Deleted: return '<';
+  case VnRowKind::Inserted: return '>';
+  default: return ' ';
+  }
+}
+
+// One row: either side may be a gap.
+void AppendRow(const CVnComparison& comparison, const CVnAlignedRow& row, const Layout& layout, std::string& out) {
+  const char mark = MarkOf(row.m_nKind);
   const char* color = mark == '|' ? kChanged : (mark == '<' ? kDeleted : (mark == '>' ? kInserted : nullptr));
-  AppendCell(left, l, layout, color, out);
+  AppendCell(comparison.GetFile(CVnComparison::Source), row.m_nSource, layout, color, out);
   out += ' ';
   out += mark;
   out += ' ';
-  AppendCell(right, r, layout, color, out);
+  AppendCell(comparison.GetFile(CVnComparison::Target), row.m_nTarget, layout, color, out);
   while (!out.empty() && out.back() == ' ')
     out.pop_back();
   out += '\n';
@@ -83,35 +90,19 @@ void AppendRow(const InputText* left, long l, const InputText* right, long r, ch
 
 }  // namespace
 
-void WriteSideBySide(const InputText& src, const InputText& tgt, const CVnDiffChangeList& changes, int width,
-                     bool color, std::FILE* out) {
+void WriteSideBySide(const CVnComparison& comparison, int width, bool color, std::FILE* out) {
   Layout layout;
   const size_t column = static_cast<size_t>(width - 3) / 2;
   layout.textWidth = column > 7 ? column - 7 : 1;
   layout.color = color;
   std::string buf;
-  long s = 0, t = 0;  // next unprinted line of each side, 0-based
-  const std::vector<Span> spans = ToSpans(changes, false);
-  auto flush = [&]() {
+  for (const CVnAlignedRow& row : comparison.GetRows()) {
+    AppendRow(comparison, row, layout, buf);
     if (buf.size() > (1 << 16)) {
       fwrite(buf.data(), 1, buf.size(), out);
       buf.clear();
     }
-  };
-  for (const Span& span : spans) {
-    for (; s < span.srcBegin; ++s, ++t, flush())
-      AppendRow(&src, s, &tgt, t, ' ', layout, buf);
-    const long paired = span.srcCount < span.tgtCount ? span.srcCount : span.tgtCount;
-    for (long k = 0; k < paired; ++k, ++s, ++t)
-      AppendRow(&src, s, &tgt, t, '|', layout, buf);
-    for (; s < span.srcBegin + span.srcCount; ++s)
-      AppendRow(&src, s, nullptr, 0, '<', layout, buf);
-    for (; t < span.tgtBegin + span.tgtCount; ++t)
-      AppendRow(nullptr, 0, &tgt, t, '>', layout, buf);
-    flush();
   }
-  for (; s < src.lines.GetLineCount() && t < tgt.lines.GetLineCount(); ++s, ++t, flush())
-    AppendRow(&src, s, &tgt, t, ' ', layout, buf);
   fwrite(buf.data(), 1, buf.size(), out);
 }
 

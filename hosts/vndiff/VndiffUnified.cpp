@@ -6,20 +6,26 @@
 // the zone's offset.
 #include "VndiffHost.h"
 
+#include "foundation/VnTime.h"
+#include "intake/VnFile.h"
+
 #include <algorithm>
 #include <cmath>
 
 namespace vndiff {
 
-static std::string Label(const InputText& text) {
-  const CVnTime utc = text.modified;
+static std::string Label(const CVnComparedFile& file) {
+  CVnFile::FileStatus status;
+  CVnTime utc;
+  if (CVnFile::GetStatus(file.GetPath(), status, false))
+    utc = status.m_mtime;
   const CVnTime local = utc.GetAdjustedLocalTime();
   const long minutes = std::lround((local.m_dt - utc.m_dt) * 1440.0);
   char zone[48];
   snprintf(zone, sizeof zone, " %c%02ld%02ld", minutes < 0 ? '-' : '+', std::labs(minutes) / 60,
            std::labs(minutes) % 60);
   std::string when = Narrow(local.Format(_T("%Y-%m-%d %H:%M:%S")));
-  return text.name + "\t" + when + ".000000000" + zone;
+  return Narrow(file.GetFacts().m_strDisplayName) + "\t" + when + ".000000000" + zone;
 }
 
 static void AppendRange(long begin, long count, std::string& out) {
@@ -34,15 +40,15 @@ static void AppendRange(long begin, long count, std::string& out) {
 }
 
 // One hunk over spans[first, last].
-static void AppendHunk(const InputText& src, const InputText& tgt, const std::vector<Span>& spans, size_t first,
-                       size_t last, long context, std::string& out) {
-  const long n0 = src.lines.GetLineCount();
-  const Span& a = spans[first];
-  const Span& z = spans[last];
-  const long sStart = std::max(0L, a.srcBegin - context);
-  const long sEnd = std::min(n0, z.srcBegin + z.srcCount + context);
-  const long tStart = a.tgtBegin - (a.srcBegin - sStart);
-  const long tEnd = z.tgtBegin + z.tgtCount + (sEnd - (z.srcBegin + z.srcCount));
+static void AppendHunk(const CVnComparedFile& src, const CVnComparedFile& tgt, const std::vector<CVnChangeSpan>& spans,
+                       size_t first, size_t last, long context, std::string& out) {
+  const long n0 = src.GetLineCount();
+  const CVnChangeSpan& a = spans[first];
+  const CVnChangeSpan& z = spans[last];
+  const long sStart = std::max(0L, a.m_nSourceBegin - context);
+  const long sEnd = std::min(n0, z.m_nSourceBegin + z.m_nSourceCount + context);
+  const long tStart = a.m_nTargetBegin - (a.m_nSourceBegin - sStart);
+  const long tEnd = z.m_nTargetBegin + z.m_nTargetCount + (sEnd - (z.m_nSourceBegin + z.m_nSourceCount));
   out += "@@ -";
   AppendRange(sStart, sEnd - sStart, out);
   out += " +";
@@ -50,21 +56,23 @@ static void AppendHunk(const InputText& src, const InputText& tgt, const std::ve
   out += " @@\n";
   long pos = sStart;
   for (size_t k = first; k <= last; ++k) {
-    const Span& s = spans[k];
-    for (; pos < s.srcBegin; ++pos)
-      AppendLineWithEnd(src, static_cast<int>(pos), out, " ");
-    for (long i = 0; i < s.srcCount; ++i)
-      AppendLineWithEnd(src, static_cast<int>(s.srcBegin + i), out, "-");
-    for (long i = 0; i < s.tgtCount; ++i)
-      AppendLineWithEnd(tgt, static_cast<int>(s.tgtBegin + i), out, "+");
-    pos = s.srcBegin + s.srcCount;
+    const CVnChangeSpan& s = spans[k];
+    for (; pos < s.m_nSourceBegin; ++pos)
+      AppendLineWithEnd(src, pos, out, " ");
+    for (long i = 0; i < s.m_nSourceCount; ++i)
+      AppendLineWithEnd(src, s.m_nSourceBegin + i, out, "-");
+    for (long i = 0; i < s.m_nTargetCount; ++i)
+      AppendLineWithEnd(tgt, s.m_nTargetBegin + i, out, "+");
+    pos = s.m_nSourceBegin + s.m_nSourceCount;
   }
   for (; pos < sEnd; ++pos)
-    AppendLineWithEnd(src, static_cast<int>(pos), out, " ");
+    AppendLineWithEnd(src, pos, out, " ");
 }
 
-void WriteUnified(const InputText& src, const InputText& tgt, const std::vector<Span>& spans, int context,
-                  std::FILE* out) {
+void WriteUnified(const CVnComparison& comparison, int context, std::FILE* out) {
+  const CVnComparedFile& src = comparison.GetFile(CVnComparison::Source);
+  const CVnComparedFile& tgt = comparison.GetFile(CVnComparison::Target);
+  const std::vector<CVnChangeSpan> spans = comparison.GetSpans(true);
   if (spans.empty())
     return;
   std::string buf = "--- " + Label(src) + "\n+++ " + Label(tgt) + "\n";
@@ -72,7 +80,7 @@ void WriteUnified(const InputText& src, const InputText& tgt, const std::vector<
   while (first < spans.size()) {
     size_t last = first;
     while (last + 1 < spans.size() &&
-           spans[last + 1].srcBegin - (spans[last].srcBegin + spans[last].srcCount) <= 2L * context)
+           spans[last + 1].m_nSourceBegin - (spans[last].m_nSourceBegin + spans[last].m_nSourceCount) <= 2L * context)
       ++last;
     AppendHunk(src, tgt, spans, first, last, context, buf);
     if (buf.size() > (1 << 16)) {

@@ -503,11 +503,46 @@ WCHAR VnToLower(WCHAR ch) { return static_cast<WCHAR>(towlower(static_cast<wint_
 WCHAR VnToUpper(WCHAR ch) { return static_cast<WCHAR>(towupper(static_cast<wint_t>(ch))); }
 
 std::string VnToUtf8(LPCWSTR s, int length) {
+  std::string out;
   if (!s)
-    return std::string();
-  if (length < 0)
-    length = static_cast<int>(VnStrLen(s));
-  return vn::os::WideToMultiByte(CP_UTF8, s, length);
+    return out;
+  VnAppendUtf8(s, length < 0 ? VnStrLen(s) : static_cast<size_t>(length), out);
+  return out;
+}
+
+static void AppendCodePoint(unsigned cp, std::string& out) {
+  if (cp < 0x800) {
+    out += static_cast<char>(0xC0 | (cp >> 6));
+  } else if (cp < 0x10000) {
+    out += static_cast<char>(0xE0 | (cp >> 12));
+    out += static_cast<char>(0x80 | ((cp >> 6) & 0x3F));
+  } else {
+    out += static_cast<char>(0xF0 | (cp >> 18));
+    out += static_cast<char>(0x80 | ((cp >> 12) & 0x3F));
+    out += static_cast<char>(0x80 | ((cp >> 6) & 0x3F));
+  }
+  out += static_cast<char>(0x80 | (cp & 0x3F));
+}
+
+// ASCII runs go through unchanged; a high surrogate joins a low one that
+// follows it, and any other surrogate stands for U+FFFD.
+void VnAppendUtf8(const WCHAR* s, size_t length, std::string& out) {
+  for (size_t i = 0; i < length; ++i) {
+    const unsigned u = static_cast<unsigned short>(s[i]);
+    if (u < 0x80) {
+      out += static_cast<char>(u);
+      continue;
+    }
+    if (u >= 0xD800 && u < 0xDC00 && i + 1 < length) {
+      const unsigned v = static_cast<unsigned short>(s[i + 1]);
+      if (v >= 0xDC00 && v < 0xE000) {
+        AppendCodePoint(0x10000 + ((u - 0xD800) << 10) + (v - 0xDC00), out);
+        ++i;
+        continue;
+      }
+    }
+    AppendCodePoint(u >= 0xD800 && u < 0xE000 ? 0xFFFD : u, out);
+  }
 }
 
 CString VnFromUtf8(const std::string& s) {

@@ -107,6 +107,9 @@ WCHAR VnToLower(WCHAR ch);
 WCHAR VnToUpper(WCHAR ch);
 // Narrow (UTF-8) view of a text, for messages on a console and tests.
 std::string VnToUtf8(LPCWSTR s, int length = -1);
+// The one UTF-16 to UTF-8 encoder: appends `length` units at s to out; a
+// surrogate without its partner becomes U+FFFD, as Win32 makes it.
+void VnAppendUtf8(const WCHAR* s, size_t length, std::string& out);
 CString VnFromUtf8(const std::string& s);
 
 #endif  // VN_AFX_CSTRING_H

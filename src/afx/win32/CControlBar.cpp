@@ -1,7 +1,7 @@
-// CControlBar.cpp - a bar's share of its parent's layout.
+// CControlBar.cpp - a bar's share of its parent's layout and its idle updates.
 #include "afx/win32/CControlBar.h"
 
-#include <cassert>
+#include "afx/win32/CFrameWnd.h"
 
 IMPLEMENT_DYNAMIC(CControlBar, CWnd)
 
@@ -47,44 +47,11 @@ LRESULT CControlBar::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
     TakeEdge(reinterpret_cast<AFX_SIZEPARENTPARAMS*>(lParam));
     return 0;
   }
+  if (message == WM_IDLEUPDATECMDUI) {
+    CWnd* parent = GetParent();
+    if (IsWindowVisible() && parent && parent->IsKindOf(RUNTIME_CLASS(CFrameWnd)))
+      OnUpdateCmdUI(static_cast<CFrameWnd*>(parent), static_cast<BOOL>(wParam));
+    return 0;
+  }
   return CWnd::WindowProc(message, wParam, lParam);
-}
-
-// The bars move together in one deferred batch, then the client child takes
-// the rest; reposExtra shrinks the rest further by *rectParam's sides.
-void CWnd::RepositionBars(UINT first, UINT last, UINT leftOver, UINT flag, LPRECT rectParam, LPCRECT clientRect,
-                          BOOL stretch) {
-  assert(::IsWindow(m_hWnd) && "the object holds a live window");
-  AFX_SIZEPARENTPARAMS layout = {};
-  layout.bStretch = stretch;
-  if (clientRect)
-    layout.rect = *clientRect;
-  else
-    ::GetClientRect(m_hWnd, &layout.rect);
-  layout.hDWP = flag == reposQuery ? nullptr : ::BeginDeferWindowPos(8);
-  HWND rest = nullptr;
-  for (HWND child = ::GetTopWindow(m_hWnd); child; child = ::GetNextWindow(child, GW_HWNDNEXT)) {
-    UINT id = static_cast<UINT>(::GetDlgCtrlID(child));
-    if (id == leftOver)
-      rest = child;
-    else if (id >= first && id <= last)
-      ::SendMessageW(child, WM_SIZEPARENT, 0, reinterpret_cast<LPARAM>(&layout));
-  }
-  if (flag == reposQuery) {
-    if (rectParam)
-      *rectParam = layout.rect;
-    return;
-  }
-  if (flag == reposExtra && rectParam) {
-    layout.rect.left += rectParam->left;
-    layout.rect.top += rectParam->top;
-    layout.rect.right -= rectParam->right;
-    layout.rect.bottom -= rectParam->bottom;
-  }
-  if (rest && layout.hDWP)
-    layout.hDWP = ::DeferWindowPos(layout.hDWP, rest, nullptr, layout.rect.left, layout.rect.top,
-                                   layout.rect.right - layout.rect.left, layout.rect.bottom - layout.rect.top,
-                                   SWP_NOZORDER | SWP_NOACTIVATE);
-  if (layout.hDWP)
-    ::EndDeferWindowPos(layout.hDWP);
 }

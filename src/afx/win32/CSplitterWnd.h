@@ -26,17 +26,12 @@
 #ifndef VN_AFX_WIN32_CSPLITTERWND_H
 #define VN_AFX_WIN32_CSPLITTERWND_H
 
+#include "afx/win32/AfxRes.h"
 #include "afx/win32/CScrollBar.h"
 #include "afx/win32/CWnd.h"
 
 #include <memory>
 #include <vector>
-
-constexpr UINT AFX_IDW_PANE_FIRST = 0xE900;
-constexpr UINT AFX_IDW_PANE_LAST = 0xE9FF;
-constexpr UINT AFX_IDW_HSCROLL_FIRST = 0xEA00;
-constexpr UINT AFX_IDW_VSCROLL_FIRST = 0xEA10;
-constexpr UINT AFX_IDW_SIZE_BOX = 0xEA20;
 
 class VN_API CSplitterWnd : public CWnd {
   DECLARE_DYNAMIC(CSplitterWnd)

@@ -2,6 +2,7 @@
 #include "afx/win32/CStatusBar.h"
 
 #include "afx/win32/AfxMsgMap.h"
+#include "afx/win32/CFrameWnd.h"
 
 #include <commctrl.h>
 
@@ -167,4 +168,41 @@ CSize CStatusBar::CalcFixedLayout(BOOL stretch, BOOL horizontal) {
   CRect client;
   GetClientRect(&client);
   return CSize(client.Width(), metrics.tmHeight + 2 * (borders[1] + ::GetSystemMetrics(SM_CYEDGE)));
+}
+
+//===-- Indicator updates --------------------------------------------------===//
+
+void CStatusBar::OnUpdateCmdUI(CFrameWnd* target, BOOL) {
+  CStatusCmdUI state;
+  state.m_pOther = this;
+  state.m_nIndexMax = static_cast<UINT>(GetCount());
+  for (state.m_nIndex = 0; state.m_nIndex < state.m_nIndexMax; ++state.m_nIndex) {
+    state.m_nID = GetItemID(state.m_nIndex);
+    if (state.m_nID != ID_SEPARATOR)
+      state.DoUpdate(target, FALSE);
+  }
+}
+
+// Idle updates run many times a second: only a change reaches the control.
+static void ChangeStyle(CStatusBar* bar, int index, UINT style) {
+  if (bar->GetPaneStyle(index) != style)
+    bar->SetPaneStyle(index, style);
+}
+
+// A disabled indicator keeps its text.
+void CStatusCmdUI::Enable(BOOL on) {
+  m_bEnableChanged = TRUE;
+  UINT style = Bar()->GetPaneStyle(m_nIndex) & ~SBPS_DISABLED;
+  ChangeStyle(Bar(), m_nIndex, on ? style : style | SBPS_DISABLED);
+}
+
+// A checked indicator shows popped out.
+void CStatusCmdUI::SetCheck(int check) {
+  UINT style = Bar()->GetPaneStyle(m_nIndex) & ~SBPS_POPOUT;
+  ChangeStyle(Bar(), m_nIndex, check ? style | SBPS_POPOUT : style);
+}
+
+void CStatusCmdUI::SetText(LPCWSTR text) {
+  if (Bar()->GetPaneText(m_nIndex) != CString(text ? text : L""))
+    Bar()->SetPaneText(m_nIndex, text, TRUE);
 }

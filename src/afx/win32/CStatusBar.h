@@ -16,7 +16,6 @@
 
 #include <vector>
 
-#define ID_SEPARATOR 0
 #define SBPS_NORMAL 0x0000
 #define SBPS_NOBORDERS 0x0100
 #define SBPS_POPOUT 0x0200
@@ -49,6 +48,10 @@ public:
 
   // Along a horizontal edge: the height of the bar's font and borders.
   CSize CalcFixedLayout(BOOL stretch, BOOL horizontal) override;
+  // Offers each indicator with an identifier to target's update handlers,
+  // which set its text or disable it (SBPS_DISABLED hides the text).  An
+  // indicator nobody updates keeps its state.
+  void OnUpdateCmdUI(CFrameWnd* target, BOOL disableIfNoHandler) override;
 
 protected:
   void OnSize(UINT type, int cx, int cy);
@@ -65,6 +68,17 @@ private:
   std::vector<Part> m_aParts;
 
   DECLARE_MESSAGE_MAP()
+};
+
+// The update record of one indicator.
+class VN_API CStatusCmdUI : public CCmdUI {
+public:
+  void Enable(BOOL on = TRUE) override;
+  void SetCheck(int check = 1) override;
+  void SetText(LPCWSTR text) override;
+
+private:
+  CStatusBar* Bar() const { return static_cast<CStatusBar*>(m_pOther); }
 };
 
 #endif  // VN_AFX_WIN32_CSTATUSBAR_H

@@ -1,6 +1,9 @@
 // CWinApp.cpp - the application object.
 #include "afx/win32/CWinApp.h"
 
+#include "afx/win32/AfxRes.h"
+#include "afx/win32/CWnd.h"
+
 #include <cassert>
 
 IMPLEMENT_DYNAMIC(CWinApp, CCmdTarget)
@@ -39,15 +42,51 @@ BOOL CWinApp::PumpMessage() {
     m_nExitCode = got == 0 ? static_cast<int>(msg.wParam) : -1;
     return FALSE;
   }
-  TranslateMessage(&msg);
-  DispatchMessageW(&msg);
+  if (!PreTranslateMessage(&msg)) {
+    TranslateMessage(&msg);
+    DispatchMessageW(&msg);
+  }
   return TRUE;
 }
 
-int CWinApp::Run() {
-  while (PumpMessage()) {
+BOOL CWinApp::PreTranslateMessage(MSG* msg) {
+  for (HWND hWnd = msg->hwnd; hWnd; hWnd = ::GetParent(hWnd)) {
+    CWnd* wnd = CWnd::FromHandlePermanent(hWnd);
+    if (wnd && wnd->PreTranslateMessage(msg))
+      return TRUE;
+    if (!(::GetWindowLongW(hWnd, GWL_STYLE) & WS_CHILD))
+      break;
   }
-  return ExitInstance();
+  return FALSE;
+}
+
+BOOL CWinApp::OnIdle(LONG count) {
+  if (count == 0 && m_pMainWnd && ::IsWindow(m_pMainWnd->m_hWnd)) {
+    m_pMainWnd->SendMessage(WM_IDLEUPDATECMDUI, TRUE, 0);
+    m_pMainWnd->SendMessageToDescendants(WM_IDLEUPDATECMDUI, TRUE, 0, TRUE);
+  }
+  return FALSE;
+}
+
+// Idle work runs once the queue has drained, and again only after a message
+// that changes what the user sees (not after timers or paints).
+int CWinApp::Run() {
+  LONG idleCount = 0;
+  for (;;) {
+    MSG msg;
+    bool pending = ::PeekMessageW(&msg, nullptr, 0, 0, PM_NOREMOVE);
+    while (!pending && OnIdle(idleCount++))
+      pending = ::PeekMessageW(&msg, nullptr, 0, 0, PM_NOREMOVE);
+    if (!pending)
+      ::WaitMessage();
+    while (::PeekMessageW(&msg, nullptr, 0, 0, PM_NOREMOVE)) {
+      bool quiet = msg.message == WM_TIMER || msg.message == WM_PAINT || msg.message == WM_MOUSEMOVE;
+      if (!PumpMessage())
+        return ExitInstance();
+      if (!quiet)
+        idleCount = 0;
+    }
+  }
 }
 
 void CWinApp::WinHelp(DWORD_PTR data, UINT command) {

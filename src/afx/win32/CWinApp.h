@@ -31,6 +31,14 @@ public:
   // Takes one message off the queue (waiting for one) and dispatches it.
   // Gives 0 when the message was WM_QUIT: the application is ending.
   virtual BOOL PumpMessage();
+  // Called when the queue is empty.  The default updates the main window's
+  // bars and menu items (WM_IDLEUPDATECMDUI) once per idle spell; gives
+  // TRUE to be called again before the loop waits.
+  virtual BOOL OnIdle(LONG count);
+  // Offers a message to the windows it is for, from the target up to its
+  // top-level window, before it is dispatched (accelerators).  TRUE when
+  // one of them used it up.
+  virtual BOOL PreTranslateMessage(MSG* msg);
   // Asks the help file that m_pszHelpFilePath names.
   virtual void WinHelp(DWORD_PTR data, UINT command = HELP_CONTEXT);
 

@@ -6,6 +6,7 @@
 // handle and PostNcDestroy runs.
 #include "afx/win32/CWnd.h"
 
+#include "afx/win32/CControlBar.h"
 #include "afx/win32/CScrollBar.h"
 
 #include <cassert>
@@ -412,4 +413,78 @@ void CWnd::ShowCaret() {
 CWnd* CWnd::GetDlgItem(int id) const {
   assert(::IsWindow(m_hWnd) && "the object holds a live window");
   return FromHandlePermanent(::GetDlgItem(m_hWnd, id));
+}
+
+//===-- Frames, placement and focus ----------------------------------------===//
+
+BOOL CWnd::GetWindowPlacement(WINDOWPLACEMENT* placement) const {
+  assert(::IsWindow(m_hWnd) && "the object holds a live window");
+  placement->length = sizeof(WINDOWPLACEMENT);
+  return ::GetWindowPlacement(m_hWnd, placement);
+}
+
+BOOL CWnd::SetWindowPlacement(const WINDOWPLACEMENT* placement) {
+  assert(::IsWindow(m_hWnd) && "the object holds a live window");
+  WINDOWPLACEMENT copy = *placement;
+  copy.length = sizeof(WINDOWPLACEMENT);
+  return ::SetWindowPlacement(m_hWnd, &copy);
+}
+
+BOOL CWnd::IsChild(const CWnd* wnd) const {
+  assert(::IsWindow(m_hWnd) && "the object holds a live window");
+  return wnd && ::IsChild(m_hWnd, wnd->m_hWnd);
+}
+
+CWnd* CWnd::GetFocus() { return FromHandlePermanent(::GetFocus()); }
+
+void CWnd::SendMessageToDescendants(UINT message, WPARAM wParam, LPARAM lParam, BOOL deep) {
+  assert(::IsWindow(m_hWnd) && "the object holds a live window");
+  for (HWND child = ::GetTopWindow(m_hWnd); child; child = ::GetNextWindow(child, GW_HWNDNEXT)) {
+    ::SendMessageW(child, message, wParam, lParam);
+    if (deep && ::GetTopWindow(child)) {
+      CWnd lent;
+      lent.m_hWnd = child;
+      lent.SendMessageToDescendants(message, wParam, lParam, TRUE);
+      lent.m_hWnd = nullptr;
+    }
+  }
+}
+
+// The bars move together in one deferred batch, then the client child takes
+// the rest; reposExtra shrinks the rest further by *rectParam's sides.
+void CWnd::RepositionBars(UINT first, UINT last, UINT leftOver, UINT flag, LPRECT rectParam, LPCRECT clientRect,
+                          BOOL stretch) {
+  assert(::IsWindow(m_hWnd) && "the object holds a live window");
+  AFX_SIZEPARENTPARAMS layout = {};
+  layout.bStretch = stretch;
+  if (clientRect)
+    layout.rect = *clientRect;
+  else
+    ::GetClientRect(m_hWnd, &layout.rect);
+  layout.hDWP = flag == reposQuery ? nullptr : ::BeginDeferWindowPos(8);
+  HWND rest = nullptr;
+  for (HWND child = ::GetTopWindow(m_hWnd); child; child = ::GetNextWindow(child, GW_HWNDNEXT)) {
+    UINT id = static_cast<UINT>(::GetDlgCtrlID(child));
+    if (id == leftOver)
+      rest = child;
+    else if (id >= first && id <= last)
+      ::SendMessageW(child, WM_SIZEPARENT, 0, reinterpret_cast<LPARAM>(&layout));
+  }
+  if (flag == reposQuery) {
+    if (rectParam)
+      *rectParam = layout.rect;
+    return;
+  }
+  if (flag == reposExtra && rectParam) {
+    layout.rect.left += rectParam->left;
+    layout.rect.top += rectParam->top;
+    layout.rect.right -= rectParam->right;
+    layout.rect.bottom -= rectParam->bottom;
+  }
+  if (rest && layout.hDWP)
+    layout.hDWP = ::DeferWindowPos(layout.hDWP, rest, nullptr, layout.rect.left, layout.rect.top,
+                                   layout.rect.right - layout.rect.left, layout.rect.bottom - layout.rect.top,
+                                   SWP_NOZORDER | SWP_NOACTIVATE);
+  if (layout.hDWP)
+    ::EndDeferWindowPos(layout.hDWP);
 }

@@ -84,7 +84,17 @@ public:
   // The child with the identifier, if an object holds it; else null.
   CWnd* GetDlgItem(int id) const;
 
+
   // Frames, placement and focus.
+  BOOL GetWindowPlacement(WINDOWPLACEMENT* placement) const;
+  BOOL SetWindowPlacement(const WINDOWPLACEMENT* placement);
+  // TRUE when wnd is a child of this window at any depth.
+  BOOL IsChild(const CWnd* wnd) const;
+  // The object of the window that has the keyboard focus, or null when
+  // that window is not one of ours.
+  static CWnd* GetFocus();
+  // Sends to every child, and with deep to their children too.
+  void SendMessageToDescendants(UINT message, WPARAM wParam = 0, LPARAM lParam = 0, BOOL deep = TRUE);
   // Lays out the children with identifiers first..last as bars along the
   // edges (WM_SIZEPARENT, CControlBar.h) and gives what is left of the client
   // rectangle (or of *clientRect) to the child leftOver.  With reposQuery
@@ -92,6 +102,10 @@ public:
   enum RepositionFlags { reposDefault = 0, reposQuery = 1, reposExtra = 2 };
   void RepositionBars(UINT first, UINT last, UINT leftOver, UINT flag = reposDefault, LPRECT rectParam = nullptr,
                       LPCRECT clientRect = nullptr, BOOL stretch = TRUE);
+  // Offered each message the application's loop takes for this window or
+  // its children before it is dispatched; TRUE when it was used up (an
+  // accelerator, a dialog's navigation key).
+  virtual BOOL PreTranslateMessage(MSG* msg) { return FALSE; }
 
   HWND m_hWnd = nullptr;
 

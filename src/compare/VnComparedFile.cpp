@@ -1,0 +1,148 @@
+// VnComparedFile.cpp - one side of a comparison: a file read into a line set.
+//
+// Decoded text comes from the intake as UTF-16LE with CR LF line ends and
+// is cut as Text16; the line end each line had in the file is read beside
+// it.  Raw bytes, and the bytes of a binary file the user let through, are
+// cut at LF as Text8.  The side owns whatever buffer its lines point into:
+// the intake's, or the raw bytes.
+#include "compare/VnComparison.h"
+
+#include "compare/VnOriginalLineEnds.h"
+#include "intake/VnFile.h"
+#include "intake/VnSmartBytePtr.h"
+
+#include <cassert>
+
+struct CVnComparedFile::State {
+  CVnDiffFile intake;
+  CVnSmartBytePtr raw;
+  std::vector<VnLineEnd> ends;  // decoded text only: one per line
+};
+
+CVnComparedFile::CVnComparedFile() : m_pState(new State), m_pLines(new CVnDiffArg(CVnFileInfo::Text8, 10)) {}
+
+CVnComparedFile::~CVnComparedFile() = default;
+
+// A fresh line set over the buffer; the old set goes before its buffer does.
+static std::unique_ptr<CVnDiffArg> CutLines(CVnFileInfo::FileType type, const unsigned char* data,
+                                            unsigned long size) {
+  std::unique_ptr<CVnDiffArg> lines(new CVnDiffArg(type, 10));
+  lines->Create(data, size);
+  return lines;
+}
+
+// The one kind every line end has, Mixed for more, None for none.
+static VnLineEnd StyleOf(const std::vector<VnLineEnd>& ends) {
+  VnLineEnd style = VnLineEnd::None;
+  for (VnLineEnd end : ends) {
+    if (end == VnLineEnd::None || end == style)
+      continue;
+    if (style != VnLineEnd::None)
+      return VnLineEnd::Mixed;
+    style = end;
+  }
+  return style;
+}
+
+// The name to show for a read of path: the host's, if it set one.
+static CString NameFor(const CVnFileFacts& facts, const CString& oldPath, const CString& path) {
+  const CString& name = facts.m_strDisplayName;
+  return name.IsEmpty() || name == oldPath ? path : name;
+}
+
+// Facts shared by every way of reading: name, count, final newline.
+static void CountLines(CVnFileFacts& facts, const CVnDiffArg& lines, const CString& name) {
+  facts.m_strDisplayName = name;
+  facts.m_nLineCount = lines.GetLineCount();
+  facts.m_bFinalNewline = facts.m_nLineCount == 0 || lines.GetFileInfo().HasEndingTerminator() != 0;
+}
+
+// Empties the side before a read: the lines go before the buffer they
+// point into, so that a failed or declined read leaves nothing dangling.
+void CVnComparedFile::Reset() {
+  m_pLines.reset(new CVnDiffArg(CVnFileInfo::Text8, 10));
+  m_pBuffer = nullptr;
+  m_nBufferSize = 0;
+  m_bWide = false;
+  m_pState->raw = nullptr;
+  m_pState->ends.clear();
+}
+
+bool CVnComparedFile::Read(const CString& path, unsigned codePage) {
+  CVnDiffFile& intake = m_pState->intake;
+  Reset();
+  intake.SetFileName(path);
+  if (codePage)
+    intake.SetFileEncoding(codePage);
+  unsigned char* data = nullptr;
+  unsigned long size = 0;
+  if (!intake.GetFileContents(data, size))
+    return false;
+  const CString name = NameFor(m_facts, m_strPath, path);
+  m_pLines = CutLines(intake.IsBinary() ? CVnFileInfo::Text8 : CVnFileInfo::Text16, data, size);
+  m_strPath = path;
+  m_pBuffer = data;
+  m_nBufferSize = size;
+  m_bWide = !intake.IsBinary();
+  m_facts = CVnFileFacts();
+  CountLines(m_facts, *m_pLines, name);
+  m_facts.m_nFileType = intake.GetFileType();
+  m_facts.m_nCodePage = intake.GetCodePage();
+  m_facts.m_strEncoding = intake.GetEncodingDescription();
+  m_facts.m_bHasBOM = intake.HasByteOrderMark();
+  if (m_bWide)
+    m_pState->ends = VnOriginalLineEnds(intake, m_facts.m_nLineCount, m_facts.m_bFinalNewline);
+  m_facts.m_nLineEnds = m_bWide ? StyleOf(m_pState->ends) : GetLineEnd(0);
+  return true;
+}
+
+void CVnComparedFile::ReadRaw(const CString& path) {
+  CVnSmartBytePtr bytes;
+  CVnFile file(path, CFile::modeRead);
+  const unsigned long size = file.ReadAll(bytes);
+  file.Close();
+  const CString name = NameFor(m_facts, m_strPath, path);
+  Reset();
+  m_pLines = CutLines(CVnFileInfo::Text8, bytes, size);
+  m_pState->raw = bytes.Detach();
+  m_strPath = path;
+  m_pBuffer = m_pState->raw;
+  m_nBufferSize = size;
+  m_bWide = false;
+  m_facts = CVnFileFacts();
+  CountLines(m_facts, *m_pLines, name);
+  m_facts.m_nLineEnds = GetLineEnd(0);
+}
+
+VnLineEnd CVnComparedFile::GetLineEnd(long line) const {
+  if (line < 0 || line >= m_facts.m_nLineCount)
+    return VnLineEnd::None;
+  if (m_bWide)
+    return m_pState->ends[static_cast<size_t>(line)];
+  const bool last = line == m_facts.m_nLineCount - 1;
+  return last && !m_facts.m_bFinalNewline ? VnLineEnd::None : VnLineEnd::LF;
+}
+
+void CVnComparedFile::AppendLineUtf8(long line, std::string& out) const {
+  assert(line >= 0 && line < m_facts.m_nLineCount && "a line of this side");
+  const CVnDiffLine* record = m_pLines->GetLines()[static_cast<INT_PTR>(line)];
+  if (!m_bWide) {
+    out.append(reinterpret_cast<const char*>(record->GetBytes()), record->GetLength());
+    return;
+  }
+  // Every line of the intake's text ends CR LF; the CR is not the line's own.
+  size_t units = record->GetLength() / 2;
+  const WCHAR* text = reinterpret_cast<const WCHAR*>(record->GetBytes());
+  if (GetLineEnd(line) != VnLineEnd::None && units > 0 && text[units - 1] == 13)
+    --units;
+  VnAppendUtf8(text, units, out);
+}
+
+void CVnComparedFile::AppendLineAsRead(long line, std::string& out) const {
+  if (line > 0 && GetLineEnd(line - 1) == VnLineEnd::LFCR)
+    out += '\r';
+  AppendLineUtf8(line, out);
+  const VnLineEnd end = GetLineEnd(line);
+  if (end != VnLineEnd::None)
+    out += end == VnLineEnd::CRLF ? "\r\n" : "\n";
+}

@@ -1,0 +1,36 @@
+// VnFileCaption.cpp - a file's name with its encoding and line ends.
+#include "compare/VnFileCaption.h"
+
+CString VnLineEndName(VnLineEnd ends) {
+  switch (ends) {
+  case VnLineEnd::CRLF: return _T("CR LF");
+  case VnLineEnd::LF: return _T("LF");
+  case VnLineEnd::CR: return _T("CR");
+  case VnLineEnd::LFCR: return _T("LF CR");
+  case VnLineEnd::Mixed: return _T("mixed line ends");
+  default: return _T("no line ends");
+  }
+}
+
+static void AddPart(CString& parts, const CString& part) {
+  if (part.IsEmpty())
+    return;
+  if (!parts.IsEmpty())
+    parts += _T(", ");
+  parts += part;
+}
+
+CString VnFileCaption(const CVnFileFacts& facts) {
+  CString parts;
+  if (facts.m_nFileType == CVnDiffFile::TypeBinary) {
+    parts = _T("binary");
+  } else {
+    AddPart(parts, facts.m_strEncoding);
+    if (facts.m_bHasBOM)
+      AddPart(parts, _T("BOM"));
+    AddPart(parts, VnLineEndName(facts.m_nLineEnds));
+    if (!facts.m_bFinalNewline)
+      AddPart(parts, _T("no final newline"));
+  }
+  return facts.m_strDisplayName + _T("  (") + parts + _T(")");
+}
