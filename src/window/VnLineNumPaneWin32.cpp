@@ -172,5 +172,7 @@ void CVnLineNumPane::Concatenate(CVnLineNumPane& other, const CHARFORMATW& forma
   out.push_back(0);
   CHARFORMATW cf = format;
   SetDefaultCharFormat(cf);
+  // The new text takes the default format, not that of the text it replaces.
+  SendMessage(EM_SETCHARFORMAT, SCF_DEFAULT, reinterpret_cast<LPARAM>(&cf));
   SetWindowText(out.data());
 }

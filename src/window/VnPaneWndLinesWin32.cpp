@@ -41,11 +41,19 @@ long CVnPaneWnd::GetLineNumWidth(const CHARFORMATW& format, long count) {
 
 //===-- Text and formats ---------------------------------------------------===//
 
+// Text that replaces the whole text takes the control's default format, not
+// that of the text it replaces: the format becomes the default as well.
+static void SetFormatOfNewText(CVnRichEditPane& child, CHARFORMATW& format) {
+  child.SendMessage(EM_SETCHARFORMAT, SCF_DEFAULT, reinterpret_cast<LPARAM>(&format));
+}
+
 void CVnPaneWnd::SetDefaultText(unsigned char* buffer, int size, const CHARFORMATW& format) {
   VN_ASSERT_CHILDREN();
   CHARFORMATW cf = format;
   m_pTextPane->SetDefaultCharFormat(cf);
   m_pLineNumPane->SetDefaultCharFormat(cf);
+  SetFormatOfNewText(*m_pTextPane, cf);
+  SetFormatOfNewText(*m_pLineNumPane, cf);
   m_pTextPane->SetPaneText(buffer, size);
   int count = size == 0 ? 0 : m_pTextPane->GetLineCount();
   m_pLineNumPane->DisplayLineNumbers(count);

@@ -8,8 +8,10 @@
 
 #include "afx/win32/CWnd.h"
 #include "engine/VnDiffArg.h"
+#include "window/VnLineNumPane.h"
 #include "window/VnPaneWnd.h"
 #include "window/VnRichEditPane.h"
+#include "window/VnTextPane.h"
 
 #include <gtest/gtest.h>
 
@@ -181,6 +183,43 @@ protected:
     return CVnRichEditPane::WindowProc(message, wParam, lParam);
   }
 };
+
+// A CVnPaneWnd of the component's own making (caption, text pane, number
+// column), in the host window, measuring in a fixed-pitch face.
+template <class PaneT = CVnPaneWnd>
+struct HostedPane {
+  explicit HostedPane(int width = 520, int height = 300, UINT id = 100, CWnd* parent = nullptr) {
+    pane.SetDisplayOptions(FixedPitchOptions());
+    RECT rect = {0, 0, width, height};
+    EXPECT_TRUE(pane.CreateEx(0, nullptr, L"", WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN, rect,
+                              parent ? parent : &HostWindow(), id));
+    pane.SetLineTerminator(L"\r\n");
+    PumpMessages();
+  }
+  // "a|b|c" as the intake's buffer: 16-bit text, lines ended by CR LF.
+  void Load(const std::wstring& rows) {
+    std::wstring text = Text(rows);
+    pane.SetDefaultText(reinterpret_cast<unsigned char*>(&text[0]), static_cast<int>(text.size() * sizeof(wchar_t)),
+                        pane.GetDefaultCharFormat());
+  }
+  CVnTextPane& TextPane() { return *pane.GetTextPane(); }
+  CVnLineNumPane& Numbers() { return *pane.GetLineNumPane(); }
+  PaneT pane;
+};
+
+// Where a child window stands in its parent's client area.
+inline CRect PlaceInParent(HWND child) {
+  CRect rect;
+  ::GetWindowRect(child, &rect);
+  ::MapWindowPoints(nullptr, ::GetParent(child), reinterpret_cast<POINT*>(&rect), 2);
+  return rect;
+}
+
+inline std::pair<long, long> Selection(CRichEditCtrl& edit) {
+  long start = 0, end = 0;
+  edit.GetSel(start, end);
+  return {start, end};
+}
 
 // A line set over 16-bit text, which must outlive it.
 struct WideLineSet {
