@@ -9,6 +9,7 @@
 #include "PaneTestSupport.h"
 
 #include "window/VnLineNumPane.h"
+#include "window/VnReconcileFrame.h"
 #include "window/VnRichEditSplitterWnd.h"
 #include "window/VnTextPane.h"
 
@@ -27,6 +28,21 @@ protected:
   void OnClose() override { ++m_nCloses; }
 };
 
+// The least frame a host derives: no bars to fill, no comparison of its
+// own.  It holds the top splitter, as a host's frame does, so the panes
+// below find it and their synchronisation reaches the splitter.
+class SplitterFrame : public CVnReconcileFrame {
+public:
+  void HoldSplitter(CVnRichEditSplitterWnd* splitter) { m_pSplitterWnd = splitter; }
+  int CanFind() override { return 1; }
+
+protected:
+  int SetupStatusBar() override { return 1; }
+  int SetupToolBar() override { return 1; }
+  int DoDiff() override { return 1; }
+  int DoDisplay() override { return 1; }
+};
+
 // Rows "<prefix> <n> ...", the row number padded to a long line so that
 // the text can scroll sideways.
 inline std::wstring NumberedRows(int count, const wchar_t* prefix, int width = 300) {
@@ -43,21 +59,33 @@ class SplitterWindows {
 public:
   enum Arrangement { SideBySide, Merge };
 
-  explicit SplitterWindows(Arrangement arrangement, int width = 900, int height = 480) {
+  // framed: the splitter is the client pane of a SplitterFrame (a child of
+  // the host window here), else a child of a plain holder window.
+  explicit SplitterWindows(Arrangement arrangement, int width = 900, int height = 480, bool framed = false) {
     const DWORD style = WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN;
     EXPECT_TRUE(m_holder.CreateEx(0, nullptr, L"", style, RECT{0, 0, width, height}, &HostWindow(), 1));
+    CWnd* parent = &m_holder;
+    if (framed) {
+      EXPECT_TRUE(m_frame.Create(nullptr, L"", style, RECT{0, 0, width, height}, &m_holder));
+      parent = &m_frame;
+    }
     if (arrangement == SideBySide) {
-      EXPECT_TRUE(m_top.CreateStatic(&m_holder, 1, 2, style | WS_HSCROLL | WS_VSCROLL));
+      EXPECT_TRUE(m_top.CreateStatic(parent, 1, 2, style | WS_HSCROLL | WS_VSCROLL));
       MakePane(m_top, 0, 0, width / 2, height);
       MakePane(m_top, 0, 1, width / 2, height);
     } else {
-      EXPECT_TRUE(m_top.CreateStatic(&m_holder, 2, 1, style | WS_HSCROLL | WS_VSCROLL));
+      EXPECT_TRUE(m_top.CreateStatic(parent, 2, 1, style | WS_HSCROLL | WS_VSCROLL));
       EXPECT_TRUE(m_nested.CreateStatic(&m_top, 1, 2, style, static_cast<UINT>(m_top.IdFromRowCol(0, 0))));
       MakePane(m_nested, 0, 0, width / 2, height / 2);
       MakePane(m_nested, 0, 1, width / 2, height / 2);
       MakePane(m_top, 1, 0, width, height / 2);
     }
-    m_top.MoveWindow(0, 0, width, height);
+    if (framed) {
+      m_frame.HoldSplitter(&m_top);
+      m_frame.RecalcLayout();
+    } else {
+      m_top.MoveWindow(0, 0, width, height);
+    }
   }
 
   CVnRichEditSplitterWnd& Top() { return m_top; }
@@ -119,7 +147,8 @@ private:
     m_panes.push_back(pane);
   }
 
-  SplitterHolder m_holder;  // made before, and destroyed after, the splitters in it
+  SplitterHolder m_holder;  // made before, and destroyed after, the windows in it
+  SplitterFrame m_frame;
   CVnRichEditSplitterWnd m_top;
   CVnRichEditSplitterWnd m_nested;
   std::vector<CVnPaneWnd*> m_panes;  // deleted by the splitters as their windows go

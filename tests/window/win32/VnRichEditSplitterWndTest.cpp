@@ -7,6 +7,8 @@
 // shown host window.
 #include "SplitterTestSupport.h"
 
+#include "DialogDriver.h"
+
 #include "window/VnPaneMessages.h"
 #include "window/VnPaneSync.h"
 
@@ -52,6 +54,58 @@ TEST(VnRichEditSplitterWnd, SynchronisationBringsEveryOtherPaneItsNumbersAndTheB
     }
     EXPECT_EQ(c.line, windows.BarPos(kVBar));
     EXPECT_EQ(c.hbar, windows.BarPos(kHBar));
+  }
+}
+
+// What the user does in the origin's text pane: a click far down (the caret
+// set there), Page Down twice, or Find Next through the Find dialog.
+enum class Move { Caret, PageDown, SearchHit };
+
+void MoveIn(CVnTextPane& text, Move move) {
+  text.SetFocus();
+  if (move == Move::Caret) {
+    text.SendMessage(EM_SETSEL, static_cast<WPARAM>(text.LineIndex(230)), static_cast<LPARAM>(text.LineIndex(230)));
+  } else if (move == Move::PageDown) {
+    for (int k = 0; k < 2; ++k)
+      text.SendMessage(WM_KEYDOWN, VK_NEXT, 0);
+  } else {
+    text.Find();
+    HWND dialog = vn::test::WaitForDialog(nullptr);
+    ASSERT_TRUE(dialog);
+    vn::test::SetItemText(dialog, 0x480, L"row 260 ");
+    vn::test::PressButton(dialog, 0x421);  // down
+    vn::test::PressButton(dialog, IDOK);
+    text.CloseFindReplace();
+    vn::test::WaitUntilGone(dialog);
+  }
+  vn::test::PumpMessages();
+}
+
+TEST(VnRichEditSplitterWnd, ACaretMoveOrASearchHitBringsEveryPaneItsNumbersAndTheBarsToOneLine) {
+  const struct {
+    SplitterWindows::Arrangement arrangement;
+    size_t origin;
+    Move move;
+  } cases[] = {
+      {SplitterWindows::SideBySide, 0, Move::Caret},     {SplitterWindows::SideBySide, 1, Move::PageDown},
+      {SplitterWindows::SideBySide, 1, Move::SearchHit}, {SplitterWindows::Merge, 2, Move::Caret},
+      {SplitterWindows::Merge, 0, Move::SearchHit},      {SplitterWindows::Merge, 1, Move::PageDown},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(testing::Message() << "arrangement " << c.arrangement << " origin " << c.origin << " move "
+                                    << static_cast<int>(c.move));
+    SplitterWindows windows(c.arrangement, 900, 480, true);
+    windows.Fill({NumberedRows(300, L"row")});
+    MoveIn(*windows.Pane(c.origin).GetTextPane(), c.move);
+    int line = windows.TextLine(c.origin);
+    EXPECT_GT(line, 0) << "the origin moved";
+    for (size_t k = 0; k < windows.Panes().size(); ++k) {
+      EXPECT_EQ(line, windows.TextLine(k)) << "pane " << k;
+      EXPECT_EQ(line, windows.NumberLine(k)) << "pane " << k;
+    }
+    EXPECT_EQ(line, windows.BarPos(kVBar));
+    if (c.arrangement == SplitterWindows::Merge)
+      EXPECT_EQ(line, windows.BarPos(kVBar + 1));
   }
 }
 
