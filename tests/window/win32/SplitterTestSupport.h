@@ -1,5 +1,5 @@
 // SplitterTestSupport.h - comparison panes in a CVnRichEditSplitterWnd, in
-// either arrangement, inside the shown host window: two panes side by side,
+// either arrangement, in a frame in the shown host window: two panes side by side,
 // or a nested splitter of two panes above a third (the merge layout).  The
 // readings the tests compare: each pane's first visible line in its text
 // and its number column, and the shared bars' positions.
@@ -18,15 +18,6 @@
 
 namespace vn {
 namespace test {
-
-// The splitter's parent; counts the closes that reach it instead of closing.
-class SplitterHolder : public CWnd {
-public:
-  int m_nCloses = 0;
-
-protected:
-  void OnClose() override { ++m_nCloses; }
-};
 
 // The least frame a host derives: no bars to fill, no comparison of its
 // own.  It holds the top splitter, as a host's frame does, so the panes
@@ -59,16 +50,10 @@ class SplitterWindows {
 public:
   enum Arrangement { SideBySide, Merge };
 
-  // framed: the splitter is the client pane of a SplitterFrame (a child of
-  // the host window here), else a child of a plain holder window.
-  explicit SplitterWindows(Arrangement arrangement, int width = 900, int height = 480, bool framed = false) {
+  explicit SplitterWindows(Arrangement arrangement, int width = 900, int height = 480) {
     const DWORD style = WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN;
-    EXPECT_TRUE(m_holder.CreateEx(0, nullptr, L"", style, RECT{0, 0, width, height}, &HostWindow(), 1));
-    CWnd* parent = &m_holder;
-    if (framed) {
-      EXPECT_TRUE(m_frame.Create(nullptr, L"", style, RECT{0, 0, width, height}, &m_holder));
-      parent = &m_frame;
-    }
+    EXPECT_TRUE(m_frame.Create(nullptr, L"", style, RECT{0, 0, width, height}, &HostWindow()));
+    CWnd* parent = &m_frame;
     if (arrangement == SideBySide) {
       EXPECT_TRUE(m_top.CreateStatic(parent, 1, 2, style | WS_HSCROLL | WS_VSCROLL));
       MakePane(m_top, 0, 0, width / 2, height);
@@ -80,17 +65,13 @@ public:
       MakePane(m_nested, 0, 1, width / 2, height / 2);
       MakePane(m_top, 1, 0, width, height / 2);
     }
-    if (framed) {
-      m_frame.HoldSplitter(&m_top);
-      m_frame.RecalcLayout();
-    } else {
-      m_top.MoveWindow(0, 0, width, height);
-    }
+    m_frame.HoldSplitter(&m_top);
+    m_frame.RecalcLayout();
   }
 
   CVnRichEditSplitterWnd& Top() { return m_top; }
   CVnRichEditSplitterWnd& Nested() { return m_nested; }
-  SplitterHolder& Holder() { return m_holder; }
+  SplitterFrame& Frame() { return m_frame; }
   // Row by row, column by column, nested panes where the nested splitter is.
   const std::vector<CVnPaneWnd*>& Panes() const { return m_panes; }
   CVnPaneWnd& Pane(size_t k) { return *m_panes[k]; }
@@ -147,8 +128,7 @@ private:
     m_panes.push_back(pane);
   }
 
-  SplitterHolder m_holder;  // made before, and destroyed after, the windows in it
-  SplitterFrame m_frame;
+  SplitterFrame m_frame;  // made before, and destroyed after, the splitters in it
   CVnRichEditSplitterWnd m_top;
   CVnRichEditSplitterWnd m_nested;
   std::vector<CVnPaneWnd*> m_panes;  // deleted by the splitters as their windows go

@@ -159,9 +159,9 @@ void ScrollToMiddle(SplitterWindows& windows) {
 }
 
 void Snapshot(SplitterWindows& windows, const wchar_t* name) {
-  ::RedrawWindow(windows.Holder(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW | RDW_ALLCHILDREN);
+  ::RedrawWindow(windows.Frame(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW | RDW_ALLCHILDREN);
   vn::test::PumpMessages();
-  vn::test::Picture picture = vn::test::CaptureWindow(windows.Holder());
+  vn::test::Picture picture = vn::test::CaptureWindow(windows.Frame());
   ASSERT_TRUE(vn::test::WritePng(picture, vn::test::ScreenshotPath(name)));
 }
 
