@@ -138,7 +138,7 @@ private:
   bool HasChildren() const;
   int CaptionHeight() const;
   CVnRichEditSplitterWnd* GetTopSplitter() const;
-  CScrollBar* GetParentHScrollBar() const;
+  CScrollBar* GetParentHScrollBar(CScrollBar& lent) const;
 
   CVnDisplayOptions m_DisplayOptions;
 

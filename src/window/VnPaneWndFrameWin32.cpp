@@ -16,57 +16,42 @@
 // isn't the origin doesn't send on.
 #include "window/VnPaneWnd.h"
 
+#include "afx/win32/AfxRes.h"
 #include "afx/win32/CScrollBar.h"
 #include "window/VnLineNumPane.h"
 #include "window/VnPaneMessages.h"
 #include "window/VnPaneSync.h"
 #include "window/VnTextPane.h"
 
-#if __has_include("window/VnReconcileFrame.h") && __has_include("window/VnRichEditSplitterWnd.h")
 #include "window/VnReconcileFrame.h"
 #include "window/VnRichEditSplitterWnd.h"
-#define VN_PANE_HAS_FRAME 1
-#else
-#define VN_PANE_HAS_FRAME 0
-#endif
-
-// The horizontal bar of the first column, which a splitter makes.
-static const int kFirstHScrollBar = 0xEA00;
 
 //===-- The frame above ----------------------------------------------------===//
 
 CVnReconcileFrame* CVnPaneWnd::GetParentFrame() const {
-#if VN_PANE_HAS_FRAME
   CWnd* parent = GetParent();
   for (int level = 0; level < 2 && parent && parent->IsKindOf(RUNTIME_CLASS(CVnRichEditSplitterWnd)); ++level)
     parent = parent->GetParent();
   if (parent && parent->IsKindOf(RUNTIME_CLASS(CVnReconcileFrame)))
     return static_cast<CVnReconcileFrame*>(parent);
-#endif
   return nullptr;
 }
 
 const CHARFORMATW& CVnPaneWnd::GetDefaultCharFormat() const {
-#if VN_PANE_HAS_FRAME
   if (CVnReconcileFrame* frame = GetParentFrame())
     return frame->GetDefaultCharFormat();
-#endif
   return m_DisplayOptions.GetCharFormat();
 }
 
 const CVnDisplayOptions& CVnPaneWnd::GetDisplayOptions() const {
-#if VN_PANE_HAS_FRAME
   if (CVnReconcileFrame* frame = GetParentFrame())
     return frame->GetDisplayOptions();
-#endif
   return m_DisplayOptions;
 }
 
 CVnRichEditSplitterWnd* CVnPaneWnd::GetTopSplitter() const {
-#if VN_PANE_HAS_FRAME
   if (CVnReconcileFrame* frame = GetParentFrame())
     return frame->GetSplitterWnd();
-#endif
   return nullptr;
 }
 
@@ -79,6 +64,17 @@ struct LentScrollBar : CScrollBar {
 };
 }  // namespace
 
+// The bar 0xEA00 of the parent (a splitter's first horizontal bar), as the
+// object that holds it or lent; null if the parent has none.
+CScrollBar* CVnPaneWnd::GetParentHScrollBar(CScrollBar& lent) const {
+  HWND parent = ::GetParent(m_hWnd);
+  HWND bar = parent ? ::GetDlgItem(parent, AFX_IDW_HSCROLL_FIRST) : nullptr;
+  CWnd* held = CWnd::FromHandlePermanent(bar);
+  if (held && held->IsKindOf(RUNTIME_CLASS(CScrollBar)))
+    return static_cast<CScrollBar*>(held);
+  return bar && lent.Attach(bar) ? &lent : nullptr;
+}
+
 // The line number column follows the line as received, before the
 // splitter's GetSyncLine: rows of the numbers and of the text are level.
 LRESULT CVnPaneWnd::OnSynchronize(WPARAM wParam, LPARAM lParam) {
@@ -90,27 +86,19 @@ LRESULT CVnPaneWnd::OnSynchronize(WPARAM wParam, LPARAM lParam) {
   int numbersFirst = m_pLineNumPane->GetFirstVisibleLine();
   if (numbersFirst != line)
     m_pLineNumPane->LineScroll(line - numbersFirst);
-  int target = line;
-#if VN_PANE_HAS_FRAME
   CVnRichEditSplitterWnd* splitter = GetTopSplitter();
-  if (origin == this && splitter)
-    splitter->SendMessage(WM_PANE_SYNCHRONIZE, wParam, lParam);
-  if (origin != this && splitter)
-    target = splitter->GetSyncLine(this, origin, line);
-#endif
-  if (origin == this)
+  if (origin == this) {
+    if (splitter)
+      splitter->SendMessage(WM_PANE_SYNCHRONIZE, wParam, lParam);
     return 0;
+  }
+  int target = splitter ? splitter->GetSyncLine(this, origin, line) : line;
   int textFirst = m_pTextPane->GetFirstVisibleLine();
   if (textFirst != target)
     m_pTextPane->LineScroll(target - textFirst);
   if (m_pTextPane->GetFirstVisibleChar() != sync.GetChar()) {
     LentScrollBar lent;
-    HWND parent = ::GetParent(m_hWnd);
-    HWND bar = parent ? ::GetDlgItem(parent, kFirstHScrollBar) : nullptr;
-    CScrollBar* given = bar ? static_cast<CScrollBar*>(CWnd::FromHandlePermanent(bar)) : nullptr;
-    if (bar && !given && lent.Attach(bar))
-      given = &lent;
-    m_pTextPane->HScroll(sync.GetChar(), given);
+    m_pTextPane->HScroll(sync.GetChar(), GetParentHScrollBar(lent));
   }
   return 0;
 }

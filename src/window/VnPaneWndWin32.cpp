@@ -61,6 +61,15 @@ int CVnPaneWnd::OnCreate(LPCREATESTRUCTW create) {
   return 0;
 }
 
+// The children never take an edit from the user, so they keep no undo and
+// no limit on their length: all their text comes from the line operations.
+// (An undo record of each replaced text makes a long file's text cost time
+// in the square of its length in some builds of the control.)
+static void HoldAnyLengthWithoutUndo(CRichEditCtrl& child) {
+  child.SendMessage(EM_SETUNDOLIMIT, 0);
+  child.SendMessage(EM_EXLIMITTEXT, 0, 0x7FFFFFFE);
+}
+
 int CVnPaneWnd::CreateInternalPanes() {
   CRect client;
   GetClientRect(&client);
@@ -72,6 +81,8 @@ int CVnPaneWnd::CreateInternalPanes() {
     return 0;
   m_pTextPane->SetEventMask(m_pTextPane->GetEventMask() | ENM_SELCHANGE);
   SetReadOnly(1, 1);
+  HoldAnyLengthWithoutUndo(*m_pTextPane);
+  HoldAnyLengthWithoutUndo(*m_pLineNumPane);
   return 1;
 }
 
@@ -88,7 +99,8 @@ int CVnPaneWnd::CreateLineNumPane(CRect& rect) {
 // Text pane first, then the number column: each window, then its object.
 void CVnPaneWnd::OnDestroy() {
   CWnd::OnDestroy();
-  for (CVnRichEditPane* child : {static_cast<CVnRichEditPane*>(m_pTextPane), static_cast<CVnRichEditPane*>(m_pLineNumPane)}) {
+  CVnRichEditPane* children[] = {m_pTextPane, m_pLineNumPane};
+  for (CVnRichEditPane* child : children) {
     if (child && child->m_hWnd)
       child->DestroyWindow();
     delete child;

@@ -4,14 +4,17 @@
 #include "PaneTestSupport.h"
 
 #include "window/VnPaneMessages.h"
-#include "window/VnPaneSync.h"
+#include "window/VnReconcileFrame.h"
+#include "window/VnRichEditSplitterWnd.h"
 
 #include <commctrl.h>
 
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <memory>
 #include <string>
+#include <vector>
 
 using vn::test::HostedPane;
 using vn::test::PlaceInParent;
@@ -155,7 +158,8 @@ TEST(VnPaneWndSetDefaultText, ShowsTheTextInTheFormatGiven) {
   format.yHeight = 280;
   std::wstring text = L"new\r\ntext";
   p.pane.SetDefaultText(reinterpret_cast<unsigned char*>(&text[0]), static_cast<int>(text.size() * 2), format);
-  for (CVnRichEditPane* child : {static_cast<CVnRichEditPane*>(&p.TextPane()), static_cast<CVnRichEditPane*>(&p.Numbers())}) {
+  CVnRichEditPane* children[] = {&p.TextPane(), &p.Numbers()};
+  for (CVnRichEditPane* child : children) {
     CHARFORMATW read = {};
     child->SetSel(0, -1);
     child->GetSelectionCharFormat(read);
@@ -182,23 +186,26 @@ std::wstring NumberedRows(int count) {
 }
 
 // Whatever the text pane makes of a scroll message, the number column
-// comes to the same first line; also when it has no width.
+// comes to the same first line, also when it has no width; the return to
+// the beginning brings both to the top.
 TEST(VnPaneWndScroll, NumberColumnFollowsEveryVerticalMovement) {
   for (int width : {40, 0}) {
     HostedPane<> p;
     p.Load(NumberedRows(200));
     p.pane.SendMessage(WM_PANE_RESIZEINTERNALPANES, 0, width);
     struct Move {
-      UINT code, pos;
-    } moves[] = {{SB_LINEDOWN, 0}, {SB_PAGEDOWN, 0}, {SB_THUMBTRACK, 120}, {SB_LINEUP, 0}, {SB_TOP, 0}};
+      UINT message, code, pos;
+    } moves[] = {{WM_VSCROLL, SB_LINEDOWN, 0}, {WM_VSCROLL, SB_PAGEDOWN, 0}, {WM_VSCROLL, SB_THUMBTRACK, 120},
+                 {WM_VSCROLL, SB_LINEUP, 0}, {WM_PANE_GOTOBEGINNING, 0, 0}};
     int before = -1;
     for (const Move& m : moves) {
-      p.pane.SendMessage(WM_VSCROLL, MAKEWPARAM(m.code, m.pos), 0);
+      p.pane.SendMessage(m.message, m.message == WM_VSCROLL ? MAKEWPARAM(m.code, m.pos) : 0, 0);
       int first = p.TextPane().GetFirstVisibleLine();
       EXPECT_NE(before, first) << "code " << m.code << ": the text moved";
       EXPECT_EQ(first, p.Numbers().GetFirstVisibleLine()) << "width " << width << ", code " << m.code;
       before = first;
     }
+    EXPECT_EQ(0, before);
   }
 }
 
@@ -220,48 +227,52 @@ TEST(VnPaneWndSynchronize, SelectionChangeBringsTheNumberColumnToTheTextsLine) {
   }
 }
 
-// A pass from another pane: both children come to the line received.
-TEST(VnPaneWndSynchronize, PassFromAnotherPaneScrollsTextAndNumbers) {
-  HostedPane<> p, other(300, 100, 200);
-  p.Load(NumberedRows(200));
-  CVnPaneSync sync(70, 0);
-  EXPECT_EQ(0, p.pane.SendMessage(WM_PANE_SYNCHRONIZE, reinterpret_cast<WPARAM>(&sync),
-                                  reinterpret_cast<LPARAM>(&other.pane)));
-  EXPECT_EQ(70, p.TextPane().GetFirstVisibleLine());
-  EXPECT_EQ(70, p.Numbers().GetFirstVisibleLine());
-}
+// The least frame: nothing of its own to compare or show, and a tab size of
+// its own, which the panes below it are to read.
+class Frame : public CVnReconcileFrame {
+public:
+  Frame() { m_DisplayOptions.SetTabSize(7); }
+  int CanFind() override { return 1; }
 
-TEST(VnPaneWndMessages, GoToBeginningAndFormatsReachBothChildren) {
-  HostedPane<> p;
-  p.Load(NumberedRows(200));
-  p.pane.SendMessage(WM_VSCROLL, MAKEWPARAM(SB_THUMBTRACK, 90), 0);
-  EXPECT_EQ(0, p.pane.SendMessage(WM_PANE_GOTOBEGINNING));
-  EXPECT_EQ(0, p.TextPane().GetFirstVisibleLine());
-  EXPECT_EQ(0, p.Numbers().GetFirstVisibleLine());
+protected:
+  int SetupStatusBar() override { return 1; }
+  int SetupToolBar() override { return 1; }
+  int DoDiff() override { return 1; }
+  int DoDisplay() override { return 1; }
+};
 
-  CHARFORMATW format = p.pane.GetDefaultCharFormat();
-  format.yHeight = 300;
-  EXPECT_NE(0, p.pane.SendMessage(WM_PANE_SETDEFAULTCHARFORMAT, 0, reinterpret_cast<LPARAM>(&format)));
-  for (CVnRichEditPane* child : {static_cast<CVnRichEditPane*>(&p.TextPane()), static_cast<CVnRichEditPane*>(&p.Numbers())}) {
-    CHARFORMATW read = {};
-    child->SetSel(0, -1);
-    child->GetSelectionCharFormat(read);
-    EXPECT_EQ(300, read.yHeight);
+// A pane reaches its frame through at most two splitters; below a third
+// it has no frame and reads its own values.
+TEST(VnPaneWndParentFrame, ClimbsAtMostTwoSplitters) {
+  for (int levels = 0; levels <= 3; ++levels) {
+    const DWORD style = WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN;
+    Frame frame;
+    ASSERT_TRUE(frame.Create(nullptr, L"", style, RECT{0, 0, 400, 300}, &vn::test::HostWindow()));
+    std::vector<std::unique_ptr<CVnRichEditSplitterWnd>> splitters;
+    CWnd* parent = &frame;
+    for (int k = 0; k < levels; ++k) {
+      splitters.push_back(std::make_unique<CVnRichEditSplitterWnd>());
+      UINT id = k ? static_cast<UINT>(CSplitterWnd::IdFromRowCol(0, 0)) : AFX_IDW_PANE_FIRST;
+      ASSERT_TRUE(splitters.back()->CreateStatic(parent, 1, 1, style, id));
+      parent = splitters.back().get();
+    }
+    CVnPaneWnd* pane = nullptr;
+    std::unique_ptr<CVnPaneWnd> own;
+    if (levels) {
+      ASSERT_TRUE(splitters.back()->CreateView(0, 0, RUNTIME_CLASS(CVnPaneWnd), SIZE{300, 200}));
+      pane = static_cast<CVnPaneWnd*>(splitters.back()->GetPane(0, 0));
+    } else {
+      own = std::make_unique<CVnPaneWnd>();
+      ASSERT_TRUE(own->CreateEx(0, nullptr, L"", style, RECT{0, 0, 300, 200}, &frame, AFX_IDW_PANE_FIRST));
+      pane = own.get();
+    }
+    bool reaches = levels <= 2;
+    EXPECT_EQ(reaches ? &frame : nullptr, pane->GetParentFrame()) << levels;
+    EXPECT_EQ(reaches ? 7u : 4u, pane->GetDisplayOptions().GetTabSize()) << levels;
+    own.reset();
+    while (!splitters.empty())  // the innermost first: a splitter deletes its panes
+      splitters.pop_back();
   }
-}
-
-// The pane never closes itself: the request goes to its parent.
-TEST(VnPaneWndClose, PassesCloseToItsParent) {
-  struct Parent : CWnd {
-    int closes = 0;
-    void OnClose() override { ++closes; }
-  } parent;
-  ASSERT_TRUE(parent.CreateEx(0, nullptr, L"", WS_CHILD | WS_VISIBLE, RECT{0, 0, 300, 200}, &vn::test::HostWindow(), 7));
-  HostedPane<> p(300, 200, 100, &parent);
-  p.pane.SendMessage(WM_CLOSE);
-  vn::test::PumpMessages();
-  EXPECT_TRUE(::IsWindow(p.pane));
-  EXPECT_EQ(1, parent.closes);
 }
 
 }  // namespace
