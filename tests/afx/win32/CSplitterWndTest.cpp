@@ -86,7 +86,8 @@ TEST(CSplitterWnd, PanesAndBarsTakeTheirNumberedPlacesAndTileTheClientArea) {
       if (!bar)
         continue;
       RECT rect = grid.Placed(bar), beside = vertical ? grid.PaneRect(k, 0) : grid.PaneRect(0, k - c.rows);
-      CRect expected = vertical ? CRect(right, beside.top, 600, beside.bottom) : CRect(beside.left, bottom, beside.right, 400);
+      CRect expected = vertical ? CRect(right, beside.top, 600, beside.bottom)
+                                : CRect(beside.left, bottom, beside.right, 400);
       EXPECT_EQ(expected, CRect(rect)) << k;
     }
   }

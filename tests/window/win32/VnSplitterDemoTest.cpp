@@ -25,9 +25,10 @@ namespace {
 std::wstring Program(bool edited) {
   std::wstring text;
   for (int n = 1; n <= 320; ++n) {
-    std::wstring line = n % 9 == 0 ? L"" : L"    total_" + std::to_wstring(n % 41) + L" += weight(" + std::to_wstring(n) + L");";
+    std::wstring total = L"    total_" + std::to_wstring(n % 41);
+    std::wstring line = n % 9 == 0 ? L"" : total + L" += weight(" + std::to_wstring(n) + L");";
     if (edited && n % 37 == 0)
-      line = L"    total_" + std::to_wstring(n % 41) + L" -= penalty(" + std::to_wstring(n) + L");  // changed";
+      line = total + L" -= penalty(" + std::to_wstring(n) + L");  // changed";
     if (!edited || n < 100 || n >= 105)
       text += line + L"\r\n";
     for (int k = 1; edited && n == 160 && k <= 6; ++k)
@@ -148,7 +149,8 @@ TEST(VnSplitterDemo, ComparedFilesScrolledToTheMiddleStandLevelWithTheirNumbers)
       for (int s = 0; s < 2; ++s) {
         int line = sides[s].rows[static_cast<size_t>(row)];
         text[s] = RowText(*sides[s].pane->GetTextPane(), row);
-        EXPECT_EQ(line ? std::to_wstring(line) : L"", RowText(*sides[s].pane->GetLineNumPane(), row)) << s << ":" << row;
+        std::wstring number = RowText(*sides[s].pane->GetLineNumPane(), row);
+        EXPECT_EQ(line ? std::to_wstring(line) : L"", number) << s << ":" << row;
         EXPECT_EQ(line ? sides[s].lines[static_cast<size_t>(line - 1)] : L"", text[s]) << s << ":" << row;
       }
       level += sides[0].rows[static_cast<size_t>(row)] && sides[1].rows[static_cast<size_t>(row)] && text[0] == text[1];
@@ -157,7 +159,8 @@ TEST(VnSplitterDemo, ComparedFilesScrolledToTheMiddleStandLevelWithTheirNumbers)
 
     ::RedrawWindow(windows.Frame(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW | RDW_ALLCHILDREN);
     vn::test::PumpMessages();
-    const wchar_t* name = arrangement == SplitterWindows::Merge ? L"splitter-three-panes.png" : L"splitter-two-panes.png";
+    const wchar_t* name =
+        arrangement == SplitterWindows::Merge ? L"splitter-three-panes.png" : L"splitter-two-panes.png";
     ASSERT_TRUE(vn::test::WritePng(vn::test::CaptureWindow(windows.Frame()), vn::test::ScreenshotPath(name)));
   }
 }
