@@ -213,8 +213,10 @@ void CSplitterWnd::OnVScroll(UINT code, UINT pos, CScrollBar* bar) {
   }
 }
 
+// A focus window inside a pane that carries the pane's identifier (the view
+// within a pane of its own making) stands for the pane itself.
 CWnd* CSplitterWnd::GetActivePane(int* row, int* col) {
-  HWND wnd = ::GetFocus();
+  HWND focus = ::GetFocus(), wnd = focus;
   while (wnd && ::GetParent(wnd) != m_hWnd)
     wnd = ::GetParent(wnd);
   int id = wnd ? ::GetDlgCtrlID(wnd) - static_cast<int>(AFX_IDW_PANE_FIRST) : -1;
@@ -224,7 +226,8 @@ CWnd* CSplitterWnd::GetActivePane(int* row, int* col) {
     *row = id / 16;
   if (col)
     *col = id % 16;
-  return FromHandlePermanent(wnd);
+  CWnd* inner = ::GetDlgCtrlID(focus) == ::GetDlgCtrlID(wnd) ? FromHandlePermanent(focus) : nullptr;
+  return inner ? inner : FromHandlePermanent(wnd);
 }
 
 void CSplitterWnd::SetActivePane(int row, int col, CWnd* wnd) {

@@ -69,7 +69,9 @@ public:
   virtual void RecalcLayout();
 
   // The pane holding the focus (the focus window or one of its ancestors),
-  // with its cell; null when the focus lies outside the panes.
+  // with its cell; null when the focus lies outside the panes.  A focus
+  // window inside the pane with the pane's own identifier is given instead
+  // of the pane.
   virtual CWnd* GetActivePane(int* row = nullptr, int* col = nullptr);
   // Gives the focus to wnd, or, when wnd is null, to the pane of the cell.
   virtual void SetActivePane(int row, int col, CWnd* wnd = nullptr);

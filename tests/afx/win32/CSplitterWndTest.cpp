@@ -130,4 +130,33 @@ TEST(CSplitterWnd, DraggingADividerMovesItWithThePointerWithinTheWindow) {
   EXPECT_EQ(250, grid.PaneRect(0, 0).bottom);
 }
 
+TEST(CSplitterWnd, TheActivePaneIsTheOneHoldingTheFocus) {
+  Grid grid(2, 2, 0);
+  HWND inner = ::CreateWindowExW(0, L"EDIT", L"", WS_CHILD | WS_VISIBLE, 0, 0, 50, 20, *grid.splitter.GetPane(1, 0),
+                                 nullptr, nullptr, nullptr);
+  ASSERT_NE(nullptr, inner);
+  grid.splitter.SetActivePane(0, 1);
+  int row = -1, col = -1;
+  EXPECT_EQ(grid.splitter.GetPane(0, 1), grid.splitter.GetActivePane(&row, &col));
+  EXPECT_EQ(0, row);
+  EXPECT_EQ(1, col);
+  // A window inside a pane: its pane is the active one.
+  CWnd edit;
+  edit.Attach(inner);
+  grid.splitter.SetActivePane(1, 0, &edit);
+  edit.Detach();
+  EXPECT_EQ(inner, ::GetFocus());
+  EXPECT_EQ(grid.splitter.GetPane(1, 0), grid.splitter.GetActivePane(&row, &col));
+  EXPECT_EQ(1, row);
+  EXPECT_EQ(0, col);
+  // One with the pane's identifier stands for the pane.
+  CWnd view;
+  ASSERT_TRUE(view.Create(nullptr, nullptr, WS_CHILD | WS_VISIBLE, CRect(0, 0, 50, 20), grid.splitter.GetPane(1, 0),
+                          CSplitterWnd::IdFromRowCol(1, 0)));
+  view.SetFocus();
+  EXPECT_EQ(&view, grid.splitter.GetActivePane());
+  ::SetFocus(grid.parent);
+  EXPECT_EQ(nullptr, grid.splitter.GetActivePane());
+}
+
 }  // namespace
