@@ -154,14 +154,17 @@ static int VerticalStep(UINT code, UINT pos, int cur, int max, int page) {
 }
 
 // The page is the visible line count of the row's first CVnPaneWnd (through
-// a nested splitter's pane (0, 0)), at least 1.
+// a nested splitter's pane (0, 0)), at least 1.  It is measured only for
+// the page codes: a synchronisation pass ends here with SB_THUMBPOSITION.
 void CVnRichEditSplitterWnd::SetNewVScrollPos(CScrollBar* bar, UINT code, UINT pos) {
-  CWnd* pane = GetPane(bar->GetDlgCtrlID() - static_cast<int>(AFX_IDW_VSCROLL_FIRST), 0);
-  if (CVnRichEditSplitterWnd* nested = AsSplitter(pane))
-    pane = nested->GetPane(0, 0);
   int page = 1;
-  if (CVnPaneWnd* paneWnd = AsPane(pane))
-    page = std::max(1, paneWnd->GetVisibleLineCount());
+  if (code == SB_PAGEUP || code == SB_PAGEDOWN) {
+    CWnd* pane = GetPane(bar->GetDlgCtrlID() - static_cast<int>(AFX_IDW_VSCROLL_FIRST), 0);
+    if (CVnRichEditSplitterWnd* nested = AsSplitter(pane))
+      pane = nested->GetPane(0, 0);
+    if (CVnPaneWnd* paneWnd = AsPane(pane))
+      page = std::max(1, paneWnd->GetVisibleLineCount());
+  }
   int cur = bar->GetScrollPos(), min = 0, max = 0;
   bar->GetScrollRange(&min, &max);
   int step = std::max(-cur, std::min(VerticalStep(code, pos, cur, max, page), max - cur));
