@@ -94,13 +94,9 @@ std::string DescribeException(CException* e, const std::string& path) {
 }
 
 void CheckReadable(const std::string& path) {
-  CVnFile::FileStatus status;
-  if (!CVnFile::GetStatus(Wide(path), status, false))
-    return;  // opening it will say why
-  if (status.m_attribute & FILE_ATTRIBUTE_DIRECTORY)
-    throw Failure(path + ": is a directory");
-  if (status.m_sizeHigh != 0)
-    throw Failure(path + ": file of 4 GiB or more; vndiff compares files below 4 GiB only");
+  CString why = VnWhyNotComparable(Wide(path));
+  if (!why.IsEmpty())
+    throw Failure(path + ": " + Narrow(why));
 }
 
 void OpenSide(CVnComparison& comparison, CVnComparison::Side side, const std::string& path) {

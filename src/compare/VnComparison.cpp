@@ -9,6 +9,8 @@
 
 #include "compare/VnLineEndChanges.h"
 
+#include "intake/VnFile.h"
+
 #include <cassert>
 
 CVnComparison::CVnComparison(const CVnCompareOptions& options) : m_options(options) {}
@@ -118,4 +120,15 @@ std::vector<CVnChangeSpan> VnChangeSpans(const CVnDiffChangeList& changes, bool 
     spans.push_back(s);
   }
   return spans;
+}
+
+CString VnWhyNotComparable(const CString& path) {
+  CVnFile::FileStatus status;
+  if (!CVnFile::GetStatus(path, status, false))
+    return CString();
+  if (status.m_attribute & FILE_ATTRIBUTE_DIRECTORY)
+    return _T("is a directory");
+  if (status.m_sizeHigh != 0)
+    return _T("file of 4 GiB or more; files below 4 GiB only are compared");
+  return CString();
 }

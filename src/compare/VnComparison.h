@@ -149,6 +149,12 @@ struct CVnChangeSpan {
 // between the two sides.  With join, records that touch form one span.
 VN_API std::vector<CVnChangeSpan> VnChangeSpans(const CVnDiffChangeList& changes, bool join);
 
+// Why path can't be one side of a comparison before any reading is tried:
+// "is a directory", or "file of 4 GiB or more" (the intake's limit); empty
+// when nothing stands in the way.  A file that can't be opened at all is
+// left to the reading, which says why.
+VN_API CString VnWhyNotComparable(const CString& path);
+
 class VN_API CVnComparison {
 public:
   enum Side { Source = 0, Target = 1 };

@@ -1,0 +1,235 @@
+// VncompareEndToEndTest.cpp - the compare tool as a user meets it: started
+// on two files, its panes read through the controls, stepped through the
+// differences, closed from the title bar, started again in the place it was
+// left; and its answers to bad command lines and missing files.
+#include "Screenshot.h"
+#include "TestSupport.h"
+
+#include "afx/win32/AfxRes.h"
+#include "afx/win32/CGeometry.h"
+#include "compare/VnComparison.h"
+#include "compare/VnDifferenceBlocks.h"
+#include "foundation/VnRegistry.h"
+
+#include <gtest/gtest.h>
+
+#include <richedit.h>
+
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <vector>
+
+namespace {
+
+const wchar_t kKey[] = L"Software\\VnReconcile\\vncompare";
+const UINT kNextDiff = 32771;
+
+std::wstring ToolPath() {
+  wchar_t module[MAX_PATH] = {};
+  ::GetModuleFileNameW(nullptr, module, MAX_PATH);
+  std::wstring path = module;
+  return path.substr(0, path.find_last_of(L"\\/")) + L"\\vncompare.exe";
+}
+
+// A few hundred lines with every kind of change: edits, insertions,
+// deletions, a changed block of unequal length.
+void WritePair(const std::wstring& oldPath, const std::wstring& newPath) {
+  std::ofstream a(std::filesystem::path(oldPath), std::ios::binary), b(std::filesystem::path(newPath), std::ios::binary);
+  for (int i = 1; i <= 300; ++i) {
+    std::string line = "line " + std::to_string(i) + " of the report\r\n";
+    a << line;
+    if (i == 20 || i == 150)
+      b << "line " << i << " OF THE REPORT, changed\r\n";
+    else if (i == 60)
+      b << line << "an inserted line\r\nanother inserted line\r\n";
+    else if (i < 100 || i > 104)
+      b << line;
+    if (i == 200)
+      b << "first new line of a block\r\nsecond new line\r\nthird new line\r\n";
+  }
+}
+
+struct Tool {
+  PROCESS_INFORMATION process = {};
+  HWND frame = nullptr;
+
+  explicit Tool(const std::wstring& arguments) {
+    std::wstring line = L"\"" + ToolPath() + L"\" " + arguments;
+    STARTUPINFOW startup = {sizeof(startup)};
+    if (!::CreateProcessW(nullptr, &line[0], nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup, &process))
+      return;
+    // A tool that ends early shows no window: stop looking then.
+    for (int tries = 0; tries < 600 && !frame; ++tries) {
+      if (::WaitForSingleObject(process.hProcess, 50) == WAIT_OBJECT_0)
+        break;
+      ::EnumWindows(&Match, reinterpret_cast<LPARAM>(this));
+    }
+    if (frame)
+      ::WaitForInputIdle(process.hProcess, 20000);
+  }
+  ~Tool() {
+    if (process.hProcess && ::WaitForSingleObject(process.hProcess, 0) == WAIT_TIMEOUT)
+      ::TerminateProcess(process.hProcess, 99);
+    ::CloseHandle(process.hProcess);
+    ::CloseHandle(process.hThread);
+  }
+  static BOOL CALLBACK Match(HWND hWnd, LPARAM lParam) {
+    auto* tool = reinterpret_cast<Tool*>(lParam);
+    DWORD pid = 0;
+    ::GetWindowThreadProcessId(hWnd, &pid);
+    if (pid != tool->process.dwProcessId || !::IsWindowVisible(hWnd) || ::GetWindow(hWnd, GW_OWNER))
+      return TRUE;
+    tool->frame = hWnd;
+    return FALSE;
+  }
+  DWORD Wait() {
+    DWORD code = 99;
+    if (::WaitForSingleObject(process.hProcess, 30000) == WAIT_OBJECT_0)
+      ::GetExitCodeProcess(process.hProcess, &code);
+    return code;
+  }
+  // The text pane of column c: splitter, pane, then its child of the same id.
+  HWND TextPane(int column) const {
+    HWND splitter = ::GetDlgItem(frame, AFX_IDW_PANE_FIRST);
+    HWND pane = ::GetDlgItem(splitter, AFX_IDW_PANE_FIRST + column);
+    return ::GetDlgItem(pane, AFX_IDW_PANE_FIRST + column);
+  }
+  std::vector<std::wstring> Rows(int column) const {
+    HWND edit = TextPane(column);
+    int length = static_cast<int>(::SendMessageW(edit, WM_GETTEXTLENGTH, 0, 0));
+    std::wstring text(length + 1, L'\0');
+    ::SendMessageW(edit, WM_GETTEXT, length + 1, reinterpret_cast<LPARAM>(&text[0]));
+    text.resize(wcslen(text.c_str()));
+    std::vector<std::wstring> rows(1);
+    for (size_t i = 0; i < text.size(); ++i) {
+      if (text[i] == L'\r' || text[i] == L'\n') {
+        if (text[i] == L'\r' && i + 1 < text.size() && text[i + 1] == L'\n')
+          ++i;
+        rows.emplace_back();
+      } else {
+        rows.back() += text[i];
+      }
+    }
+    return rows;
+  }
+  long SelectedLine(int column) const {
+    DWORD start = 0;
+    ::SendMessageW(TextPane(column), EM_GETSEL, reinterpret_cast<WPARAM>(&start), 0);
+    return static_cast<long>(::SendMessageW(TextPane(column), EM_EXLINEFROMCHAR, 0, start));
+  }
+};
+
+// What each pane must show row by row: the library's aligned rows.
+void ExpectLibraryRows(const Tool& tool, const CString& oldPath, const CString& newPath) {
+  CVnComparison comparison;
+  ASSERT_TRUE(comparison.Open(CVnComparison::Source, oldPath) && comparison.Open(CVnComparison::Target, newPath));
+  comparison.Compare();
+  std::vector<std::wstring> left = tool.Rows(0), right = tool.Rows(1);
+  std::vector<CVnAlignedRow> rows = comparison.GetRows();
+  ASSERT_GE(left.size(), rows.size());
+  ASSERT_EQ(left.size(), right.size());
+  auto text = [&](CVnComparison::Side side, long line) {
+    CString s = comparison.GetFile(side).GetLines().GetLine(static_cast<int>(line));
+    return std::wstring(s.GetString()).substr(0, s.GetLength() - (s.GetLength() && s[s.GetLength() - 1] == L'\r'));
+  };
+  for (size_t r = 0; r < rows.size(); ++r) {
+    const CVnAlignedRow& row = rows[r];
+    std::wstring expectLeft = row.m_nSource >= 0 ? text(CVnComparison::Source, row.m_nSource) : L"";
+    std::wstring expectRight = row.m_nTarget >= 0 ? text(CVnComparison::Target, row.m_nTarget)
+                               : row.m_nKind == VnRowKind::Deleted ? text(CVnComparison::Source, row.m_nSource)
+                                                                   : L"";
+    EXPECT_EQ(expectLeft, left[r]) << "row " << r;
+    EXPECT_EQ(expectRight, right[r]) << "row " << r;
+  }
+}
+
+CRect FrameRect(HWND frame) {
+  CRect rect;
+  ::GetWindowRect(frame, &rect);
+  return rect;
+}
+
+}  // namespace
+
+TEST(VncompareEndToEndTest, ShowsStepsClosesAndComesBackWhereItWasLeft) {
+  vn::test::ScratchDir dir;
+  CString oldPath = dir.Path() + _T("old.txt"), newPath = dir.Path() + _T("new.txt");
+  WritePair(oldPath.GetString(), newPath.GetString());
+  CVnRegistry().DeleteSection(HKEY_CURRENT_USER, L"Software\\VnReconcile", L"vncompare");
+  std::wstring arguments = L"\"" + std::wstring(oldPath.GetString()) + L"\" \"" + newPath.GetString() + L"\"";
+  CRect placed;
+  {
+    Tool tool(arguments);
+    ASSERT_TRUE(tool.frame);
+    ExpectLibraryRows(tool, oldPath, newPath);
+    vn::test::WritePng(vn::test::CaptureWindow(tool.frame), vn::test::ScreenshotPath(L"vncompare.png"));
+
+    // The tool opens on the first difference; two steps on is the third.
+    CVnComparison comparison;
+    comparison.Open(CVnComparison::Source, oldPath);
+    comparison.Open(CVnComparison::Target, newPath);
+    comparison.Compare();
+    std::vector<CVnRowBlock> blocks = VnDifferenceBlocks(comparison.GetRows());
+    ASSERT_GE(blocks.size(), 4u);
+    EXPECT_EQ(blocks[0].m_nFirst, tool.SelectedLine(0));
+    ::SendMessageW(tool.frame, WM_COMMAND, kNextDiff, 0);
+    ::SendMessageW(tool.frame, WM_COMMAND, kNextDiff, 0);
+    EXPECT_EQ(blocks[2].m_nFirst, tool.SelectedLine(0));
+    EXPECT_EQ(blocks[2].m_nFirst, tool.SelectedLine(1));
+    ::Sleep(200);
+    vn::test::WritePng(vn::test::CaptureWindow(tool.frame), vn::test::ScreenshotPath(L"vncompare-third-difference.png"));
+
+    ::SetWindowPos(tool.frame, nullptr, 37, 41, 700, 500, SWP_NOZORDER);
+    placed = FrameRect(tool.frame);
+    ::PostMessageW(tool.frame, WM_CLOSE, 0, 0);
+    EXPECT_EQ(1u, tool.Wait());
+  }
+  CVnRegistry registry(HKEY_CURRENT_USER, kKey, L"Display");
+  EXPECT_EQ(static_cast<DWORD>(placed.left), registry.GetInt(L"WndPlcmntLeft", 12345));
+  EXPECT_EQ(static_cast<DWORD>(placed.right), registry.GetInt(L"WndPlcmntRight", 12345));
+  registry.CloseSection();
+  registry.OpenSection(L"DisplayOptions");
+  EXPECT_EQ(4u, registry.GetInt(L"TabSize", 0));
+  registry.CloseSection();
+
+  // Started again: the stored place; closed from the title bar this time.
+  {
+    Tool tool(arguments);
+    ASSERT_TRUE(tool.frame);
+    EXPECT_EQ(placed, FrameRect(tool.frame));
+    ::PostMessageW(tool.frame, WM_SYSCOMMAND, SC_CLOSE, 0);
+    EXPECT_EQ(1u, tool.Wait());
+  }
+  // The same file twice: the same, exit status 0.
+  {
+    Tool tool(L"\"" + std::wstring(oldPath.GetString()) + L"\" \"" + oldPath.GetString() + L"\"");
+    ASSERT_TRUE(tool.frame);
+    ::PostMessageW(tool.frame, WM_CLOSE, 0, 0);
+    EXPECT_EQ(0u, tool.Wait());
+  }
+  CVnRegistry().DeleteSection(HKEY_CURRENT_USER, L"Software\\VnReconcile", L"vncompare");
+}
+
+// Trouble never shows a half-drawn window: a message (on standard error
+// with --headless) and exit status 2.
+TEST(VncompareEndToEndTest, BadInputEndsWithStatusTwo) {
+  vn::test::ScratchDir dir;
+  CString file = dir.Path() + _T("a.txt");
+  std::ofstream(std::filesystem::path(file.GetString())) << "a\n";
+  const std::wstring a = L"\"" + std::wstring(file.GetString()) + L"\"";
+  const std::wstring folder = L"\"" + std::wstring(dir.Path().Left(dir.Path().GetLength() - 1).GetString()) + L"\"";
+  const std::wstring cases[] = {
+      L"--headless " + a,                                  // one file
+      L"--headless " + a + L" " + a + L" " + a,            // three
+      L"--headless --no-such-option " + a + L" " + a,      // an unknown option
+      L"--headless " + a + L" \"Z:\\no\\such\\file.txt\"",  // a missing file
+      L"--headless " + a + L" " + folder,                  // a directory
+      L"--headless \"unclosed " + a,                       // a malformed line
+  };
+  for (const std::wstring& arguments : cases) {
+    Tool tool(arguments);
+    EXPECT_EQ(nullptr, tool.frame) << std::string(arguments.begin(), arguments.end());
+    EXPECT_EQ(2u, tool.Wait()) << std::string(arguments.begin(), arguments.end());
+  }
+}
