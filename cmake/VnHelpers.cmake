@@ -21,7 +21,7 @@ set(VN_USES_engine afx)
 set(VN_USES_intake foundation)
 set(VN_USES_compare intake engine)
 set(VN_USES_options_values afx)
-set(VN_USES_toolkit foundation)
+set(VN_USES_toolkit foundation engine)
 set(VN_USES_window toolkit compare options_values)
 set(VN_USES_options window)
 
