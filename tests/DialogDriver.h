@@ -20,6 +20,11 @@
 namespace vn {
 namespace test {
 
+// How long a driver waits for a dialog to show.  A busy machine can take
+// seconds to make the first sheet of a process; a wait ends as soon as the
+// dialog shows, and a driver that gives up leaves a modal loop nobody ends.
+const DWORD kDialogWaitMs = 30000;
+
 struct DialogQuery {
   HWND owner;
   const wchar_t* title;  // part of the caption, or null for any
@@ -49,7 +54,7 @@ inline HWND FindDialog(HWND owner, const wchar_t* title = nullptr) {
 }
 
 // Pumps this thread's messages until the dialog shows; null after timeout.
-inline HWND WaitForDialog(HWND owner, const wchar_t* title = nullptr, DWORD timeoutMs = 5000) {
+inline HWND WaitForDialog(HWND owner, const wchar_t* title = nullptr, DWORD timeoutMs = kDialogWaitMs) {
   DWORD start = ::GetTickCount();
   for (;;) {
     if (HWND found = FindDialog(owner, title))
@@ -66,7 +71,7 @@ inline HWND WaitForDialog(HWND owner, const wchar_t* title = nullptr, DWORD time
 }
 
 // Pumps this thread's messages until the window is gone; false on timeout.
-inline bool WaitUntilGone(HWND hWnd, DWORD timeoutMs = 5000) {
+inline bool WaitUntilGone(HWND hWnd, DWORD timeoutMs = kDialogWaitMs) {
   DWORD start = ::GetTickCount();
   while (::IsWindow(hWnd) && ::IsWindowVisible(hWnd)) {
     if (::GetTickCount() - start > timeoutMs)
@@ -84,7 +89,7 @@ inline bool WaitUntilGone(HWND hWnd, DWORD timeoutMs = 5000) {
 // For an action that meets several dialogs in turn, on the driver's
 // thread: waits, without pumping, for a dialog other than previous (which
 // may be gone already); null after timeout.
-inline HWND WaitForNextDialog(HWND owner, const wchar_t* title, HWND previous, DWORD timeoutMs = 5000) {
+inline HWND WaitForNextDialog(HWND owner, const wchar_t* title, HWND previous, DWORD timeoutMs = kDialogWaitMs) {
   DWORD start = ::GetTickCount();
   for (;;) {
     HWND found = FindDialog(owner, title);
@@ -116,7 +121,7 @@ inline void PressButton(HWND dialog, int id) { ::SendMessageW(::GetDlgItem(dialo
 class DialogDriver {
 public:
   DialogDriver(HWND owner, std::function<void(HWND)> action, const wchar_t* title = nullptr,
-               DWORD timeoutMs = 5000)
+               DWORD timeoutMs = kDialogWaitMs)
       : m_thread([this, owner, action, title, timeoutMs] {
           DWORD start = ::GetTickCount();
           HWND dialog = nullptr;

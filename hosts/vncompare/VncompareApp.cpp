@@ -91,6 +91,13 @@ public:
       m_nStatus = 0;
       return FALSE;
     }
+    // No files at all: the user picks them, as File > Open does; Cancel
+    // ends a tool that has nothing to show.
+    if (ok && arguments.fileCount == 0 && !arguments.headless) {
+      if (!CVnCompareFrame::AskForFiles(arguments.files[0], arguments.files[1]))
+        return FALSE;
+      arguments.fileCount = 2;
+    }
     if (!ok || arguments.fileCount != 2) {
       CString message = bad.IsEmpty() ? CString(L"two files are needed") : L"unknown argument " + bad;
       AfxMessageBox(message + L"; vncompare --help shows the usage", MB_ICONSTOP);

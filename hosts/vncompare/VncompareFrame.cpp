@@ -5,6 +5,7 @@
 #include "afx/win32/AfxMsgMap.h"
 #include "afx/win32/CWinApp.h"
 #include "foundation/LocalResources.h"
+#include "toolkit/VnFilePickers.h"
 #include "window/VnPaneMessages.h"
 #include "window/VnPaneSync.h"
 #include "window/VnPaneWnd.h"
@@ -32,6 +33,11 @@ BEGIN_MESSAGE_MAP(CVnCompareFrame, CVnReconcileFrame)
   ON_UPDATE_COMMAND_UI(ID_INDICATOR_DIFFS, OnUpdateDifferences)
   ON_COMMAND(ID_FILE_PRINT, OnPrint)
   ON_COMMAND(ID_APP_EXIT, OnExit)
+  ON_COMMAND(ID_FILE_OPEN, OnOpen)
+  ON_COMMAND(ID_TOOLS_OPTIONS, OnToolsOptions)
+  ON_COMMAND(ID_TOOLS_ENCODING, OnToolsEncoding)
+  ON_UPDATE_COMMAND_UI(ID_TOOLS_ENCODING, OnUpdateHasComparison)
+  ON_UPDATE_COMMAND_UI(ID_FILE_PRINT, OnUpdateHasComparison)
 END_MESSAGE_MAP()
 
 CVnCompareFrame::CVnCompareFrame(const CString& source, const CString& target, const CVnCompareOptions& options,
@@ -129,6 +135,21 @@ void CVnCompareFrame::Redisplay() {
 void CVnCompareFrame::Recompare() {
   m_options.m_bIgnoreCase = m_bIgnoreCase != 0;
   m_options.m_bIgnoreWhitespace = m_bIgnoreWhiteSpace != 0;
+  if (DoDiff())
+    Show();
+}
+
+// The encodings the user chose in the File Encoding dialog hold for every
+// later comparison of these files; a page of 0 is the system's.
+void CVnCompareFrame::ReopenFiles() {
+  if (!m_pComparison)
+    return;
+  unsigned* pages[2] = {&m_options.m_nSourceCodePage, &m_options.m_nTargetCodePage};
+  for (int side = 0; side < 2; ++side) {
+    CVnDiffFile& intake = m_pComparison->GetFile(static_cast<CVnComparison::Side>(side)).GetIntake();
+    if (intake.IsEncodingSet())
+      *pages[side] = intake.GetCodePage() ? intake.GetCodePage() : ::GetACP();
+  }
   if (DoDiff())
     Show();
 }
@@ -237,3 +258,48 @@ void CVnCompareFrame::OnPrint() {
 }
 
 void CVnCompareFrame::OnExit() { PostMessage(WM_CLOSE); }
+
+void CVnCompareFrame::OnUpdateHasComparison(CCmdUI* cmdUI) { cmdUI->Enable(m_pComparison != nullptr); }
+
+//===-- Other files, options, encodings ------------------------------------===//
+
+bool CVnCompareFrame::AskForFiles(CString& source, CString& target) {
+  CVnMultipleFileRetriever retriever(LoadLocalString(::GetModuleHandleW(nullptr), IDS_OPEN_FILTER), 2);
+  CVnStringArray names;
+  if (!retriever.GetFileNames(names) || names.GetSize() != 2)
+    return false;
+  source = names[0];
+  target = names[1];
+  return true;
+}
+
+// Cancel leaves the window as it was; files that can't be compared leave
+// the window on the old pair, after the message.
+void CVnCompareFrame::OnOpen() {
+  CString source, target;
+  if (!AskForFiles(source, target))
+    return;
+  std::swap(source, m_strSource);
+  std::swap(target, m_strTarget);
+  const CVnCompareOptions options = m_options;
+  m_options.m_nSourceCodePage = m_options.m_nTargetCodePage = 0;
+  std::unique_ptr<CVnComparison> old = std::move(m_pComparison);
+  if (DoDiff()) {
+    DoDisplay();
+    return;
+  }
+  m_strSource = source;
+  m_strTarget = target;
+  m_options = options;
+  m_pComparison = std::move(old);
+  if (m_pComparison)
+    m_nExitStatus = m_pComparison->IsSame() ? 0 : 1;
+}
+
+void CVnCompareFrame::OnToolsOptions() { OnOptions(0); }
+
+void CVnCompareFrame::OnToolsEncoding() {
+  if (m_pComparison)
+    OnEncoding(m_pComparison->GetFile(CVnComparison::Source).GetIntake(),
+               m_pComparison->GetFile(CVnComparison::Target).GetIntake());
+}

@@ -22,6 +22,9 @@ public:
 
   // Makes the window (hidden until DiffAndDisplay places it).
   BOOL CreateFrame();
+  // Asks for two files through the Open dialog, as many times as it takes;
+  // false on Cancel.
+  static bool AskForFiles(CString& source, CString& target);
   int GetExitStatus() const { return m_nExitStatus; }
 
 protected:
@@ -32,6 +35,7 @@ protected:
   int DoDisplay() override;
   void Redisplay() override;
   void Recompare() override;
+  void ReopenFiles() override;
 
   int OnCreate(LPCREATESTRUCTW create);
   void OnNextDiff();
@@ -46,6 +50,10 @@ protected:
   void OnUpdateDifferences(CCmdUI* cmdUI);
   void OnPrint();
   void OnExit();
+  void OnOpen();
+  void OnToolsOptions();
+  void OnToolsEncoding();
+  void OnUpdateHasComparison(CCmdUI* cmdUI);
 
   DECLARE_MESSAGE_MAP()
 

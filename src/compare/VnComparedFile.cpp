@@ -68,6 +68,8 @@ void CVnComparedFile::Reset() {
   m_pState->ends.clear();
 }
 
+CVnDiffFile& CVnComparedFile::GetIntake() { return m_pState->intake; }
+
 bool CVnComparedFile::Read(const CString& path, unsigned codePage) {
   CVnDiffFile& intake = m_pState->intake;
   Reset();

@@ -77,6 +77,9 @@ public:
   void SetDisplayName(const CString& name) { m_facts.m_strDisplayName = name; }
 
   const CVnFileFacts& GetFacts() const { return m_facts; }
+  // The intake that read the file, for a host that lets the user choose
+  // its encoding (CVnReconcileFrame::OnEncoding).
+  CVnDiffFile& GetIntake();
   const CString& GetPath() const { return m_strPath; }
   // True for decoded text (Text16 lines); false for raw or binary bytes.
   bool IsWide() const { return m_bWide; }

@@ -46,6 +46,8 @@ public:
   int GetFileType() const { return m_nFileType; }
   int GetEncoding() const { return m_nEncoding; }
   bool HasByteOrderMark() const { return m_bHasBOM; }
+  // Whether SetFileEncoding chose the encoding, rather than detection.
+  bool IsEncodingSet() const { return m_bEncodingSet; }
 
   // The kinds of line end the file itself had, for hosts that print lines
   // as they were: EndsKnown and one bit per kind met, when the load could

@@ -33,6 +33,7 @@
 #include "window/VnReconcileStatusBar.h"
 #include "window/VnTempFilesManager.h"
 
+class CVnDiffFile;
 class CVnRichEditSplitterWnd;
 class CVnTextPane;
 
@@ -59,6 +60,13 @@ public:
   void ApplyDisplayOptions(const CVnDisplayOptions& options, int force);
   void SetColors(unsigned long defaultColor, unsigned long replaceColor, unsigned long insertColor,
                  unsigned long deleteColor, bool guard);
+
+  // The option sheet (VnFrameOptionsWin32.cpp); reduced: Display and Color
+  // only, for a window without comparison settings.
+  void OnOptions(int reduced);
+  // The File Encoding dialog on the two files; a changed choice calls
+  // ReopenFiles.
+  void OnEncoding(CVnDiffFile& file1, CVnDiffFile& file2);
 
   virtual void Redisplay() {}
   virtual void Recompare() {}

@@ -91,6 +91,12 @@ public:
   void GetOptionsFromRegistry() override { Note("read"), CVnReconcileFrame::GetOptionsFromRegistry(); }
   void SaveOptionsIntoRegistry() override { Note("save"), CVnReconcileFrame::SaveOptionsIntoRegistry(); }
   void Redisplay() override { Note("redisplay"); }
+  void Recompare() override { Note("recompare"); }
+  void ReopenFiles() override { Note("reopen"); }
+  using CVnReconcileFrame::m_bIgnoreCase;
+  using CVnReconcileFrame::m_bIgnoreWhiteSpace;
+  using CVnReconcileFrame::m_bEditMergedFile;
+  using CVnReconcileFrame::m_strEditor;
   void Note(const std::string& what) { m_log.push_back(what); }
 
   std::vector<std::string> m_log, m_setups;  // m_setups: the bar setups OnCreate ran
