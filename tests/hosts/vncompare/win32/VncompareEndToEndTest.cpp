@@ -2,6 +2,7 @@
 // on two files, its panes read through the controls, stepped through the
 // differences, closed from the title bar, started again in the place it was
 // left; and its answers to bad command lines and missing files.
+#include "DialogDriver.h"
 #include "Screenshot.h"
 #include "TestSupport.h"
 
@@ -23,7 +24,7 @@
 namespace {
 
 const wchar_t kKey[] = L"Software\\VnReconcile\\vncompare";
-const UINT kNextDiff = 32771;
+const UINT kNextDiff = 32771, kToolsOptions = 32776, kToolsEncoding = 32777;
 
 std::wstring ToolPath() {
   wchar_t module[MAX_PATH] = {};
@@ -78,7 +79,10 @@ struct Tool {
     auto* tool = reinterpret_cast<Tool*>(lParam);
     DWORD pid = 0;
     ::GetWindowThreadProcessId(hWnd, &pid);
-    if (pid != tool->process.dwProcessId || !::IsWindowVisible(hWnd) || ::GetWindow(hWnd, GW_OWNER))
+    wchar_t cls[16] = {};
+    ::GetClassNameW(hWnd, cls, 16);
+    if (pid != tool->process.dwProcessId || !::IsWindowVisible(hWnd) || ::GetWindow(hWnd, GW_OWNER) ||
+        std::wstring(cls) == L"#32770")
       return TRUE;
     tool->frame = hWnd;
     return FALSE;
@@ -121,8 +125,9 @@ struct Tool {
 };
 
 // What each pane must show row by row: the library's aligned rows.
-void ExpectLibraryRows(const Tool& tool, const CString& oldPath, const CString& newPath) {
-  CVnComparison comparison;
+void ExpectLibraryRows(const Tool& tool, const CString& oldPath, const CString& newPath,
+                       const CVnCompareOptions& options = CVnCompareOptions()) {
+  CVnComparison comparison(options);
   ASSERT_TRUE(comparison.Open(CVnComparison::Source, oldPath) && comparison.Open(CVnComparison::Target, newPath));
   comparison.Compare();
   std::vector<std::wstring> left = tool.Rows(0), right = tool.Rows(1);
@@ -142,6 +147,42 @@ void ExpectLibraryRows(const Tool& tool, const CString& oldPath, const CString& 
     EXPECT_EQ(expectLeft, left[r]) << "row " << r;
     EXPECT_EQ(expectRight, right[r]) << "row " << r;
   }
+}
+
+// A message whose lParam points to a T, sent to a window of another
+// process: the T travels through memory of that process.
+template <class T>
+bool SendRemote(HWND window, UINT message, WPARAM wParam, T& data) {
+  DWORD pid = 0;
+  ::GetWindowThreadProcessId(window, &pid);
+  HANDLE process = ::OpenProcess(PROCESS_VM_OPERATION | PROCESS_VM_READ | PROCESS_VM_WRITE, FALSE, pid);
+  if (!process)
+    return false;
+  void* remote = ::VirtualAllocEx(process, nullptr, sizeof(T), MEM_COMMIT, PAGE_READWRITE);
+  bool done = remote && ::WriteProcessMemory(process, remote, &data, sizeof(T), nullptr);
+  if (done) {
+    ::SendMessageW(window, message, wParam, reinterpret_cast<LPARAM>(remote));
+    done = ::ReadProcessMemory(process, remote, &data, sizeof(T), nullptr) != 0;
+  }
+  if (remote)
+    ::VirtualFreeEx(process, remote, 0, MEM_RELEASE);
+  ::CloseHandle(process);
+  return done;
+}
+
+// The colour of a row's first character, and the pane's first tab stop.
+COLORREF RowColor(HWND pane, long row) {
+  LRESULT start = ::SendMessageW(pane, EM_LINEINDEX, row, 0);
+  ::SendMessageW(pane, EM_SETSEL, start, start + 1);
+  CHARFORMATW format = {};
+  format.cbSize = sizeof(format);
+  return SendRemote(pane, EM_GETCHARFORMAT, SCF_SELECTION, format) ? format.crTextColor : 0xFFFFFFFF;
+}
+
+LONG FirstTabStop(HWND pane) {
+  PARAFORMAT format = {};
+  format.cbSize = sizeof(format);
+  return SendRemote(pane, EM_GETPARAFORMAT, 0, format) && format.cTabCount ? format.rgxTabs[0] : -1;
 }
 
 CRect FrameRect(HWND frame) {
@@ -232,4 +273,79 @@ TEST(VncompareEndToEndTest, BadInputEndsWithStatusTwo) {
     EXPECT_EQ(nullptr, tool.frame) << std::string(arguments.begin(), arguments.end());
     EXPECT_EQ(2u, tool.Wait()) << std::string(arguments.begin(), arguments.end());
   }
+}
+
+// The user's way through options and encodings: a UTF-16 file without a
+// mark is binary to detection, so the question comes first; the File
+// Encoding dialog makes it text and the panes show the comparison of the
+// decoded text.  A tab size and the colours changed on the option sheet
+// reach the panes, and the next start reads them back.
+TEST(VncompareEndToEndTest, OptionsAndEncodingsFromTheMenus) {
+  vn::test::ScratchDir dir;
+  CString oldPath = dir.Path() + _T("old.txt"), newPath = dir.Path() + _T("new.txt"),
+          widePath = dir.Path() + _T("new16.txt");
+  WritePair(oldPath.GetString(), newPath.GetString());
+  {
+    std::ifstream narrow(std::filesystem::path(newPath.GetString()), std::ios::binary);
+    std::ofstream wide(std::filesystem::path(widePath.GetString()), std::ios::binary);
+    for (char c; narrow.get(c);)
+      wide.put(c).put('\0');
+  }
+  CVnRegistry().DeleteSection(HKEY_CURRENT_USER, L"Software\\VnReconcile", L"vncompare");
+  CVnRegistry colors(HKEY_CURRENT_USER, kKey, L"ColorOptions");
+  colors.PutInt(L"Replace", 0x123456);
+  colors.CloseSection();
+  auto quoted = [](const CString& a, const CString& b) {
+    return L"\"" + std::wstring(a.GetString()) + L"\" \"" + b.GetString() + L"\"";
+  };
+  const long changedRow = 19;  // line 20 is changed on the right
+  LONG tabBefore = 0, tabAfter = 0;
+  {
+    vn::test::DialogDriver question(nullptr, [](HWND box) { vn::test::PressButton(box, IDYES); });
+    Tool tool(quoted(oldPath, widePath));
+    ASSERT_TRUE(tool.frame);
+    ASSERT_TRUE(question.Acted());
+
+    ::PostMessageW(tool.frame, WM_COMMAND, kToolsEncoding, 0);
+    HWND encoding = vn::test::WaitForDialog(tool.frame, L"File Encoding");
+    ASSERT_TRUE(encoding);
+    int count = static_cast<int>(::SendDlgItemMessageW(encoding, 1067, LB_GETCOUNT, 0, 0));
+    for (int i = 0; i < count; ++i)
+      if (::SendDlgItemMessageW(encoding, 1067, LB_GETITEMDATA, i, 0) == 70001)
+        ::SendDlgItemMessageW(encoding, 1067, LB_SETCURSEL, i, 0);
+    vn::test::PressButton(encoding, IDOK);
+    ASSERT_TRUE(vn::test::WaitUntilGone(encoding));
+    CVnCompareOptions wide;
+    wide.m_nTargetCodePage = 70001;
+    ExpectLibraryRows(tool, oldPath, widePath, wide);
+    EXPECT_EQ(0x123456u, RowColor(tool.TextPane(1), changedRow));
+
+    tabBefore = FirstTabStop(tool.TextPane(0));
+    ::PostMessageW(tool.frame, WM_COMMAND, kToolsOptions, 0);
+    HWND sheet = vn::test::WaitForDialog(nullptr, L"Options");
+    ASSERT_TRUE(sheet);
+    ::SendMessageW(sheet, PSM_SETCURSEL, 0, 0);
+    vn::test::SetItemText(PropSheet_GetCurrentPageHwnd(sheet), 1001, L"8");
+    ::SendMessageW(sheet, PSM_SETCURSEL, 1, 0);
+    vn::test::PressButton(PropSheet_GetCurrentPageHwnd(sheet), 1051);
+    vn::test::PressButton(sheet, IDOK);
+    ASSERT_TRUE(vn::test::WaitUntilGone(sheet));
+    tabAfter = FirstTabStop(tool.TextPane(0));
+    EXPECT_EQ(2 * tabBefore, tabAfter);
+    EXPECT_EQ(0xFF0000u, RowColor(tool.TextPane(1), changedRow));
+    ::PostMessageW(tool.frame, WM_CLOSE, 0, 0);
+    EXPECT_EQ(1u, tool.Wait());
+  }
+  CVnRegistry stored(HKEY_CURRENT_USER, kKey, L"ColorOptions");
+  EXPECT_EQ(0xFF0000u, stored.GetInt(L"Replace", 0));
+  stored.CloseSection();
+  {
+    Tool tool(quoted(oldPath, newPath));
+    ASSERT_TRUE(tool.frame);
+    EXPECT_EQ(tabAfter, FirstTabStop(tool.TextPane(1)));
+    EXPECT_EQ(0xFF0000u, RowColor(tool.TextPane(1), changedRow));
+    ::PostMessageW(tool.frame, WM_CLOSE, 0, 0);
+    EXPECT_EQ(1u, tool.Wait());
+  }
+  CVnRegistry().DeleteSection(HKEY_CURRENT_USER, L"Software\\VnReconcile", L"vncompare");
 }
