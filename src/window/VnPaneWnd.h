@@ -139,6 +139,7 @@ private:
   int CaptionHeight() const;
   CVnRichEditSplitterWnd* GetTopSplitter() const;
   CScrollBar* GetParentHScrollBar(CScrollBar& lent) const;
+  void LevelNumbersWithText();
 
   CVnDisplayOptions m_DisplayOptions;
 

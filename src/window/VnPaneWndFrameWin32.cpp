@@ -75,8 +75,23 @@ CScrollBar* CVnPaneWnd::GetParentHScrollBar(CScrollBar& lent) const {
   return bar && lent.Attach(bar) ? &lent : nullptr;
 }
 
+// Scrolling by lines keeps whatever part of a line a control was scrolled
+// into (a selection or the caret can scroll a rich edit control by pixels),
+// so after the lines the number column takes the text's own pixel
+// position: a row of numbers then stands level with its row of text.
+void CVnPaneWnd::LevelNumbersWithText() {
+  POINT text = {}, numbers = {};
+  m_pTextPane->SendMessage(EM_GETSCROLLPOS, 0, reinterpret_cast<LPARAM>(&text));
+  m_pLineNumPane->SendMessage(EM_GETSCROLLPOS, 0, reinterpret_cast<LPARAM>(&numbers));
+  if (numbers.y == text.y)
+    return;
+  numbers.y = text.y;
+  m_pLineNumPane->SendMessage(EM_SETSCROLLPOS, 0, reinterpret_cast<LPARAM>(&numbers));
+}
+
 // The line number column follows the line as received, before the
-// splitter's GetSyncLine: rows of the numbers and of the text are level.
+// splitter's GetSyncLine, and then its text to the pixel: rows of the
+// numbers and of the text are level.
 LRESULT CVnPaneWnd::OnSynchronize(WPARAM wParam, LPARAM lParam) {
   if (!HasChildren())
     return 0;
@@ -88,6 +103,7 @@ LRESULT CVnPaneWnd::OnSynchronize(WPARAM wParam, LPARAM lParam) {
     m_pLineNumPane->LineScroll(line - numbersFirst);
   CVnRichEditSplitterWnd* splitter = GetTopSplitter();
   if (origin == this) {
+    LevelNumbersWithText();
     if (splitter)
       splitter->SendMessage(WM_PANE_SYNCHRONIZE, wParam, lParam);
     return 0;
@@ -100,5 +116,6 @@ LRESULT CVnPaneWnd::OnSynchronize(WPARAM wParam, LPARAM lParam) {
     LentScrollBar lent;
     m_pTextPane->HScroll(sync.GetChar(), GetParentHScrollBar(lent));
   }
+  LevelNumbersWithText();
   return 0;
 }

@@ -99,6 +99,12 @@ struct Tool {
     HWND pane = ::GetDlgItem(splitter, AFX_IDW_PANE_FIRST + column);
     return ::GetDlgItem(pane, AFX_IDW_PANE_FIRST + column);
   }
+  HWND NumberPane(int column) const {
+    HWND text = TextPane(column);
+    return ::GetDlgItem(::GetParent(text), AFX_IDW_PANE_FIRST + column + 1);
+  }
+  // The vertical scroll position in pixels, read through the tool's memory.
+  LONG ScrollY(HWND pane) const;
   std::vector<std::wstring> Rows(int column) const {
     HWND edit = TextPane(column);
     int length = static_cast<int>(::SendMessageW(edit, WM_GETTEXTLENGTH, 0, 0));
@@ -185,6 +191,12 @@ LONG FirstTabStop(HWND pane) {
   return SendRemote(pane, EM_GETPARAFORMAT, 0, format) && format.cTabCount ? format.rgxTabs[0] : -1;
 }
 
+LONG Tool::ScrollY(HWND pane) const {
+  POINT position = {-1, -1};
+  SendRemote(pane, EM_GETSCROLLPOS, 0, position);
+  return position.y;
+}
+
 CRect FrameRect(HWND frame) {
   CRect rect;
   ::GetWindowRect(frame, &rect);
@@ -218,6 +230,8 @@ TEST(VncompareEndToEndTest, ShowsStepsClosesAndComesBackWhereItWasLeft) {
     ::SendMessageW(tool.frame, WM_COMMAND, kNextDiff, 0);
     EXPECT_EQ(blocks[2].m_nFirst, tool.SelectedLine(0));
     EXPECT_EQ(blocks[2].m_nFirst, tool.SelectedLine(1));
+    for (int column = 0; column < 2; ++column)
+      EXPECT_EQ(tool.ScrollY(tool.TextPane(column)), tool.ScrollY(tool.NumberPane(column))) << "numbers level";
     ::Sleep(200);
     vn::test::WritePng(vn::test::CaptureWindow(tool.frame), vn::test::ScreenshotPath(L"vncompare-third-difference.png"));
 
