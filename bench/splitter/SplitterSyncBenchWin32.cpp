@@ -17,6 +17,7 @@
 //                 to 0 (the column is replayed one step at a time)
 //
 // Usage: splitter_bench.exe [LINES] [PASSES]     (100000 and 50 by default)
+#include "../BenchClock.h"
 #include "window/VnLineNumPane.h"
 #include "window/VnPaneMessages.h"
 #include "window/VnPaneSync.h"
@@ -32,17 +33,6 @@
 #include <vector>
 
 namespace {
-
-double NowMs() {
-  static LARGE_INTEGER frequency = [] {
-    LARGE_INTEGER f;
-    ::QueryPerformanceFrequency(&f);
-    return f;
-  }();
-  LARGE_INTEGER now;
-  ::QueryPerformanceCounter(&now);
-  return 1000.0 * static_cast<double>(now.QuadPart) / static_cast<double>(frequency.QuadPart);
-}
 
 std::wstring CodeLikeText(int lines, const wchar_t* name) {
   std::wstring text;

@@ -15,6 +15,7 @@
 // "answering" is the filling of the panes.  Prints fastest and median.
 //
 // Usage: vncompare_bench.exe [LINES] [RUNS]     (100000 and 3 by default)
+#include "../BenchClock.h"
 #include "compare/VnComparison.h"
 
 #include <windows.h>
@@ -27,17 +28,6 @@
 #include <vector>
 
 namespace {
-
-double NowMs() {
-  static LARGE_INTEGER frequency = [] {
-    LARGE_INTEGER f;
-    ::QueryPerformanceFrequency(&f);
-    return f;
-  }();
-  LARGE_INTEGER now;
-  ::QueryPerformanceCounter(&now);
-  return 1000.0 * static_cast<double>(now.QuadPart) / static_cast<double>(frequency.QuadPart);
-}
 
 std::wstring Beside(const wchar_t* name) {
   wchar_t module[MAX_PATH] = {};

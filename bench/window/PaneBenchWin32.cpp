@@ -17,6 +17,7 @@
 //                    the old text is what costs here
 //
 // Usage: window_bench.exe [LINES] [REPEATS]     (100000 and 3 by default)
+#include "../BenchClock.h"
 #include "afx/win32/CWnd.h"
 #include "options/VnDisplayOptions.h"
 #include "window/VnLineNumPane.h"
@@ -33,16 +34,7 @@
 
 namespace {
 
-double Now() {
-  static LARGE_INTEGER frequency = [] {
-    LARGE_INTEGER f;
-    ::QueryPerformanceFrequency(&f);
-    return f;
-  }();
-  LARGE_INTEGER now;
-  ::QueryPerformanceCounter(&now);
-  return static_cast<double>(now.QuadPart) / static_cast<double>(frequency.QuadPart);
-}
+double Now() { return NowMs() / 1000.0; }
 
 // Lines as sources have them: statements, blank lines, lone braces, tabs.
 std::wstring CodeLikeText(int lines) {
