@@ -63,6 +63,11 @@ static bool FindToolBar(HINSTANCE module, LPCWSTR name, ToolBarLayout& layout) {
   return data && ReadToolBar(data, ::SizeofResource(module, found), layout);
 }
 
+CToolBar::~CToolBar() {
+  if (m_hImages)
+    ::ImageList_Destroy(m_hImages);
+}
+
 BOOL CToolBar::LoadToolBar(LPCWSTR resourceName) {
   assert(m_hWnd && "the bar's window exists");
   HINSTANCE module = ::GetModuleHandleW(nullptr);
@@ -72,19 +77,28 @@ BOOL CToolBar::LoadToolBar(LPCWSTR resourceName) {
   auto bitmap = static_cast<HBITMAP>(::LoadImageW(module, resourceName, IMAGE_BITMAP, 0, 0, LR_CREATEDIBSECTION));
   if (!bitmap)
     return FALSE;
+  HIMAGELIST images = ::ImageList_Create(layout.width, layout.height, ILC_COLOR24 | ILC_MASK, 8, 8);
+  bool added = images && ::ImageList_AddMasked(images, bitmap, RGB(192, 192, 192)) >= 0;
+  ::DeleteObject(bitmap);
+  if (!added) {
+    if (images)
+      ::ImageList_Destroy(images);
+    return FALSE;
+  }
+  if (m_hImages)
+    ::ImageList_Destroy(m_hImages);
+  m_hImages = images;
   std::vector<TBBUTTON> buttons(layout.ids.size());
-  int images = 0;
+  int pictures = 0;
   for (size_t i = 0; i < buttons.size(); ++i) {
     TBBUTTON& b = buttons[i];
     b.idCommand = static_cast<int>(layout.ids[i]);
     b.fsStyle = layout.ids[i] ? TBSTYLE_BUTTON : TBSTYLE_SEP;
     b.fsState = TBSTATE_ENABLED;
-    b.iBitmap = layout.ids[i] ? images++ : 8;  // a separator's width
+    b.iBitmap = layout.ids[i] ? pictures++ : 8;  // a separator's width
   }
   SendMessage(TB_SETBITMAPSIZE, 0, MAKELPARAM(layout.width, layout.height));
-  TBADDBITMAP add = {nullptr, reinterpret_cast<UINT_PTR>(bitmap)};
-  if (SendMessage(TB_ADDBITMAP, images, reinterpret_cast<LPARAM>(&add)) < 0)
-    return FALSE;
+  SendMessage(TB_SETIMAGELIST, 0, reinterpret_cast<LPARAM>(m_hImages));
   return SendMessage(TB_ADDBUTTONSW, buttons.size(), reinterpret_cast<LPARAM>(buttons.data())) != 0;
 }
 

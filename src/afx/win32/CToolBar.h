@@ -3,7 +3,9 @@
 // LoadToolBar reads the host's toolbar resource (type 241: version 1, the
 // button width and height, the count, then one command id per button, 0
 // for a separator) and the bitmap of the same name, whose images stand side
-// by side in the order of the non-separator buttons.  Tooltips come from the
+// by side in the order of the non-separator buttons, on the silver
+// (192, 192, 192) that counts as transparent: the bar shows its own colour
+// there and draws a disabled button's picture from the rest.  Tooltips come from the
 // command's string: the part after '\n' (the frame answers the control's
 // request).  When the application is idle the bar offers each button to the
 // frame's command routing (OnUpdateCmdUI), which enables, disables or checks
@@ -33,6 +35,7 @@ class VN_API CToolBar : public CControlBar {
   DECLARE_DYNAMIC(CToolBar)
 public:
   CToolBar() = default;
+  ~CToolBar() override;
 
   // style: window styles with the bar's CBRS_ styles.
   BOOL Create(CWnd* parent, DWORD style = WS_CHILD | WS_VISIBLE | CBRS_TOP, UINT id = AFX_IDW_TOOLBAR);
@@ -52,6 +55,9 @@ protected:
   // Offers each button but the separators, through state, to the bar's own
   // map and then to target.
   void UpdateButtons(CCmdUI& state, CFrameWnd* target, BOOL disableIfNoHandler);
+
+private:
+  HIMAGELIST m_hImages = nullptr;  // the buttons' pictures; the control doesn't own them
 };
 
 // The update record of one toolbar button.
