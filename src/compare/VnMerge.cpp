@@ -3,11 +3,13 @@
 // 1. Open reads each side: through the intake, or as raw bytes.
 // 2. Merge makes all sides one unit width (a binary or in-memory side makes
 //    every side raw bytes), refuses decoded sides it could not write back
-//    as they were, compares BASE with each side (or LOCAL with REMOTE), and
-//    walks the changed spans into regions.
+//    as they were, compares BASE with each side (or LOCAL with REMOTE),
+//    places each changed run canonically (VnCanonicalSpans.h), and walks
+//    the spans into regions.
 // 3. Resolve records the user's choices; VnMergeText.cpp writes the text.
 #include "compare/VnMerge.h"
 
+#include "compare/VnCanonicalSpans.h"
 #include "compare/VnLineEndChanges.h"
 #include "compare/VnMergeText.h"
 #include "compare/VnTextEncoding.h"
@@ -124,30 +126,28 @@ CString CVnMerge::WhyNotWrittenBack() const {
 
 namespace {
 
-// Lines that read the same, final line end (present or not) included: raw
-// lines hold no end, and decoded ones differ by their CR there anyway.
 bool SameLines(const CVnComparedFile& a, CVnLineRange ra, const CVnComparedFile& b, CVnLineRange rb) {
   if (ra.m_nCount != rb.m_nCount)
     return false;
-  for (long k = 0; k < ra.m_nCount; ++k) {
-    const long i = ra.m_nBegin + k, j = rb.m_nBegin + k;
-    const CVnDiffLine& x = *a.GetLines().GetLines()[i];
-    const CVnDiffLine& y = *b.GetLines().GetLines()[j];
-    if (x.GetLength() != y.GetLength() || memcmp(x.GetBytes(), y.GetBytes(), x.GetLength()) != 0 ||
-        (a.GetLineEnd(i) == VnLineEnd::None) != (b.GetLineEnd(j) == VnLineEnd::None))
+  for (long k = 0; k < ra.m_nCount; ++k)
+    if (!VnSameLine(a, ra.m_nBegin + k, b, rb.m_nBegin + k))
       return false;
-  }
   return true;
 }
 
 // The spans that lead from source to target.  Raw lines hold no line end,
-// so a last line that gained or lost one is added as a change.
-std::vector<CVnChangeSpan> SpansBetween(CVnComparedFile& source, CVnComparedFile& target) {
+// so a last line that gained or lost one is added as a change.  Compare
+// keeps its hashes in the line records and trusts them when both sets
+// hold some, so BASE, compared twice, takes part through a fresh set each
+// time: the second comparison then gives what a comparison of its own gives.
+std::vector<CVnChangeSpan> SpansBetween(const CVnComparedFile& source, CVnComparedFile& target) {
+  CVnDiffArg lines(source.IsWide() ? CVnFileInfo::Text16 : CVnFileInfo::Text8, 10);
+  lines.Create(source.GetBuffer(), source.GetBufferSize());
   CVnDiffChangeList changes;
-  source.GetLines().Compare(0, 0, 0, target.GetLines(), changes);
+  lines.Compare(0, 0, 0, target.GetLines(), changes);
   if (!source.IsWide())
     VnAddFinalNewlineChange(source, target, changes);
-  return VnChangeSpans(changes, true);
+  return VnCanonicalSpans(VnChangeSpans(changes, true), source, target);
 }
 
 // Walks one side's spans, which all start at or before the group's end, into a group.
