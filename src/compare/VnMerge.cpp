@@ -52,15 +52,19 @@ void CVnMerge::Resolve(size_t k, VnMergeChoice choice) {
 //===-- Reading the sides alike --------------------------------------------===//
 
 // One unit width for all: next to bytes, text is merged as its bytes too.
+// A binary side is read again as well: the intake's copy of its bytes has
+// its NUL bytes made spaces and its last byte replaced by a marker.
 void CVnMerge::MatchWidths() {
   bool anyNarrow = false;
   for (int s = 0; s < 3; ++s)
     anyNarrow = anyNarrow || (m_bOpened[s] && !m_files[s].IsWide());
   if (!anyNarrow)
     return;
-  for (int s = 0; s < 3; ++s)
-    if (m_bOpened[s] && m_files[s].IsWide())
-      m_files[s].ReadRaw(m_files[s].GetPath());
+  for (int s = 0; s < 3; ++s) {
+    CVnComparedFile& file = m_files[s];
+    if (m_bOpened[s] && (file.IsWide() || file.GetFacts().m_nFileType == CVnDiffFile::TypeBinary))
+      file.ReadRaw(file.GetPath());
+  }
 }
 
 namespace {

@@ -201,14 +201,13 @@ TEST(VnMergeTest, RandomTriplesKeepTheMergeLaws) {
       const std::string l = LinesOf(m.merge.GetFile(CVnMerge::Local), r.m_local);
       const std::string b = LinesOf(m.merge.GetFile(CVnMerge::Base), r.m_base);
       const std::string t = LinesOf(m.merge.GetFile(CVnMerge::Remote), r.m_remote);
-      if (r.m_nKind == VnMergeKind::Unchanged || r.m_nKind == VnMergeKind::Remote)
-        EXPECT_EQ(b, l);
-      if (r.m_nKind == VnMergeKind::Unchanged || r.m_nKind == VnMergeKind::Local)
-        EXPECT_EQ(b, t);
-      if (r.m_nKind == VnMergeKind::Both)
-        EXPECT_EQ(l, t);
-      if (r.m_nKind == VnMergeKind::Conflict)
-        EXPECT_NE(l, t);
+      switch (r.m_nKind) {
+      case VnMergeKind::Unchanged: EXPECT_TRUE(b == l && b == t); break;
+      case VnMergeKind::Local: EXPECT_EQ(b, t); break;
+      case VnMergeKind::Remote: EXPECT_EQ(b, l); break;
+      case VnMergeKind::Both: EXPECT_EQ(l, t); break;
+      case VnMergeKind::Conflict: EXPECT_NE(l, t); break;
+      }
     }
     for (int s = 0; s < 3; ++s)
       EXPECT_EQ(m.merge.GetFile(static_cast<CVnMerge::Side>(s)).GetLineCount(), next[s]);
