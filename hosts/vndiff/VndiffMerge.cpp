@@ -47,7 +47,7 @@ int RunMerge(const Options& o, std::FILE* out) {
     throw Failure(DescribeException(e, ""));
   }
   if (!merged)
-    throw Failure(Narrow(why) + (o.raw ? "" : " (--encoding=CP reads all files in one encoding, --raw merges bytes)"));
+    throw Failure(Narrow(why) + (o.raw ? "" : " (--encoding=CP reads all files in one; --raw merges bytes as they stand)"));
 
   // Labels default to the operands as the user wrote them.
   CVnMergeMarkers markers;

@@ -95,8 +95,8 @@ CString CVnMerge::WhyNotOneEncoding() const {
       continue;
     if (VnIsAsciiBased(page) && VnIsAsciiBased(other) && AllAscii(file))
       continue;
-    return NameOf(file) + _T(": encoded ") + file.GetFacts().m_strEncoding + _T(", but ") + NameOf(local) +
-           _T(" ") + local.GetFacts().m_strEncoding + _T("; the merge writes one encoding");
+    return NameOf(file) + _T(": ") + file.GetFacts().m_strEncoding + _T(" text, but LOCAL (") + NameOf(local) +
+           _T(") is ") + local.GetFacts().m_strEncoding + _T(" text; the merged text takes one encoding");
   }
   return CString();
 }

@@ -290,9 +290,9 @@ TEST(VnMergeTest, RefusesSidesItCouldNotWriteBackAsTheyWere) {
     int culprit;  // CVnMerge::Side
     const char* why;
   } cases[] = {
-      {bom + "\xC3\xA9\n", "a\n", Utf16("a\n", false), CVnMerge::Remote, "encoded"},
-      {bom + "\xC3\xA9\n", "\xE9\n", "a\n", CVnMerge::Base, "encoded"},
-      {Utf16("a\n", false), "a\n", "a\n", CVnMerge::Base, "encoded"},
+      {bom + "\xC3\xA9\n", "a\n", Utf16("a\n", false), CVnMerge::Remote, "text, but LOCAL"},
+      {bom + "\xC3\xA9\n", "\xE9\n", "a\n", CVnMerge::Base, "text, but LOCAL"},
+      {Utf16("a\n", false), "a\n", "a\n", CVnMerge::Base, "text, but LOCAL"},
       {bom + "caf\xC3(\n", bom + "a\n", bom + "a\n", CVnMerge::Local, "no valid"},
       {Utf16("a\n", false), Utf16("a\n", false), Utf16("a\n", false) + "b", CVnMerge::Remote, "no valid"},  // half a unit
   };

@@ -77,7 +77,7 @@ TEST_F(VndiffMergeTest, BadInputEndsWithStatusTwoAndNamesTheFile) {
       {"--merge l b gone", "vndiff: Cannot open file gone. The system cannot find the file specified.\n"},
       {"--merge l dir r", "vndiff: dir: is a directory\n"},
       {"--merge l b bin", "vndiff: bin: binary file not merged (--binary=yes merges its bytes)\n"},
-      {"--merge l b u16", "vndiff: u16: encoded UTF-16 (Little Endian), but l "},
+      {"--merge l b u16", "vndiff: u16: UTF-16 (Little Endian) text, but LOCAL (l) is "},
       {"--merge --encoding=utf-8 bad b r", "vndiff: bad: holds bytes that are no valid "},
       {"--merge l", "vndiff: missing operand"},
       {"--merge l b r x", "vndiff: extra operand 'x'"},
