@@ -37,11 +37,7 @@ struct Merged {
     CString why;
     EXPECT_TRUE(merge.Merge(why)) << vn::test::U8(why);
   }
-  std::string Text(bool showBase = false) const {
-    CVnMergeMarkers markers;
-    markers.m_bShowBase = showBase;
-    return merge.GetMergedText(markers);
-  }
+  std::string Text() const { return merge.GetMergedText(CVnMergeMarkers()); }
 };
 
 TEST(VnMergeTest, ThreeWayTakesOneSidedAndEqualChangesAndStopsAtMeetingOnes) {
@@ -87,20 +83,6 @@ TEST(VnMergeTest, ThreeWayTakesOneSidedAndEqualChangesAndStopsAtMeetingOnes) {
     EXPECT_EQ(c.text, m.Text());
     EXPECT_EQ(static_cast<int>(std::count(c.kinds, c.kinds + strlen(c.kinds), 'C')), m.merge.GetConflictCount());
   }
-}
-
-TEST(VnMergeTest, ConflictsShowTheBaseAndTheLabelsWhenAsked) {
-  const std::string base = "a\nb\nc\n";
-  Merged m("a\nL\nc\n", &base, "a\nR\nc\n");
-  EXPECT_EQ("a\n<<<<<<< LOCAL\nL\n||||||| BASE\nb\n=======\nR\n>>>>>>> REMOTE\nc\n", m.Text(true));
-  CVnMergeMarkers markers;
-  markers.m_strLocal = _T("ours");
-  markers.m_strRemote.Empty();
-  EXPECT_EQ("a\n<<<<<<< ours\nL\n=======\nR\n>>>>>>>\nc\n", m.merge.GetMergedText(markers));
-  const CVnMergeRegion& r = m.merge.GetRegions()[1];
-  EXPECT_EQ(1, r.m_local.m_nBegin);
-  EXPECT_EQ(1, r.m_base.m_nBegin);
-  EXPECT_EQ(1, r.m_remote.m_nCount);
 }
 
 // Two-way: every difference is a conflict with an empty base, and each

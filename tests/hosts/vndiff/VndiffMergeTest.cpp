@@ -31,6 +31,7 @@ TEST_F(VndiffMergeTest, PrintsTheMergedTextWithLabelsAndSaysWhetherConflictsRema
       {"--merge -L ours --label=old -Ltheirs --diff3 l b r", 1,
        "a\n<<<<<<< ours\nL\n||||||| old\nb\n=======\nR\n>>>>>>> theirs\nc\n"},
       {"--merge --label=ours l b r", 1, "a\n<<<<<<< ours\nL\n=======\nR\n>>>>>>> r\nc\n"},
+      {"--merge -L ours -L old -L '' l b r", 1, "a\n<<<<<<< ours\nL\n=======\nR\n>>>>>>>\nc\n"},
       {"--merge l r", 1, "a\n<<<<<<< l\nL\n=======\nR\n>>>>>>> r\nc\n"},
       {"--merge l far", 1, "a\n<<<<<<< l\nL\nc\n=======\nb\nC\n>>>>>>> far\n"},
       {"--merge - b r", 1, "a\n<<<<<<< -\nL\n=======\nR\n>>>>>>> r\nc\n"},  // LOCAL from standard input
