@@ -227,7 +227,7 @@ const char* UsageText() {
          "       vndiff --merge [-L LABEL]... [--diff3] [-o OUT] LOCAL BASE REMOTE\n"
          "       vndiff --info FILE...\n"
          "       vndiff --apply-delta DIR SOURCE -o OUT\n"
-         "Compare two files line by line.  A file named - is standard input.\n"
+         "Compare two files line by line, or merge three.  A file named - is standard input.\n"
          "\n"
          "Output:\n"
          "      --format=FORMAT        normal (default), unified, side-by-side or records\n"

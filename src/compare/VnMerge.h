@@ -10,7 +10,9 @@
 //   - anything else: a Conflict, with the LOCAL, BASE and REMOTE lines.
 // Touching counts as meeting: an edit right beside another edit usually
 // depends on it (a line changed next to a line the other side deleted), and
-// taking both silently is how merges go wrong.
+// taking both silently is how merges go wrong.  Before the walk, each
+// comparison's changed runs are placed by one rule (VnCanonicalSpans.h), so
+// that an edit both sides made is seen at one place and taken once.
 //
 // A two-way merge has no base: it compares LOCAL with REMOTE, and every
 // difference is a Conflict with an empty base range, a choice for the user.
