@@ -3,6 +3,8 @@
 // vndiff runs the component's comparison of two files (CVnComparison) and
 // prints its records in one of four forms, each line with the line end it
 // had in the file, so that a patch made from the output rebuilds the file.
+// With --merge it runs the component's merge (CVnMerge) and prints or writes
+// the merged text.
 #ifndef VN_HOSTS_VNDIFF_VNDIFFHOST_H
 #define VN_HOSTS_VNDIFF_VNDIFFHOST_H
 
@@ -23,7 +25,7 @@ const int kExitTrouble = 2;
 enum class Format { Normal, Unified, SideBySide, Records };
 enum class Binary { Ask, Yes, No };
 enum class Color { Auto, Always, Never };
-enum class Command { Compare, Info, ApplyDelta, Help, Version };
+enum class Command { Compare, Merge, Info, ApplyDelta, Help, Version };
 
 struct Options {
   Command command = Command::Compare;
@@ -41,6 +43,8 @@ struct Options {
   std::string saveDelta;  // directory, empty for none
   std::string deltaDir;   // --apply-delta
   std::string output;     // -o
+  std::vector<std::string> labels;  // -L, for the merge's markers
+  bool showBase = false;            // --diff3
   std::vector<std::string> files;
 };
 
@@ -76,6 +80,9 @@ void WriteRecords(const CVnDiffChangeList& changes, std::FILE* out);
 int RunInfo(const Options& options, std::FILE* out);
 // Reads, compares and prints; gives the exit status.
 int RunCompare(const Options& options, std::FILE* out);
+// --merge LOCAL [BASE] REMOTE: merges, prints or writes the result; 0 clean,
+// 1 conflicts left.
+int RunMerge(const Options& options, std::FILE* out);
 // --save-delta DIR: records and delta text of the raw comparison.
 void SaveDelta(const std::string& dir, const std::string& source, const std::string& target);
 // --apply-delta DIR SOURCE -o OUT.

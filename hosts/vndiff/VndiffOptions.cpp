@@ -108,6 +108,12 @@ bool ParseLong(const std::string& arg, const std::vector<std::string>& args, siz
     o.deltaDir = TakeValue(arg, eq, args, i);
   } else if (name == "--output") {
     o.output = TakeValue(arg, eq, args, i);
+  } else if (name == "--merge") {
+    o.command = Command::Merge;
+  } else if (name == "--diff3") {
+    o.showBase = true;
+  } else if (name == "--label") {
+    o.labels.push_back(TakeValue(arg, eq, args, i));
   } else {
     return false;
   }
@@ -125,7 +131,7 @@ void ParseShort(const std::string& arg, const std::vector<std::string>& args, si
     case 'i': o.ignoreCase = true; break;
     case 'h': o.command = Command::Help; break;
     case 'v': o.command = Command::Version; break;
-    case 'U': case 'W': case 'o': {
+    case 'U': case 'W': case 'o': case 'L': {
       std::string value = arg.substr(k + 1);
       if (value.empty()) {
         if (i + 1 >= args.size())
@@ -137,6 +143,8 @@ void ParseShort(const std::string& arg, const std::vector<std::string>& args, si
         o.context = Number(value, "context length");
       } else if (c == 'W') {
         o.width = Number(value, "width");
+      } else if (c == 'L') {
+        o.labels.push_back(value);
       } else {
         o.output = value;
       }
@@ -146,6 +154,24 @@ void ParseShort(const std::string& arg, const std::vector<std::string>& args, si
       throw Failure(std::string("unknown option '-") + c + "'");
     }
   }
+}
+
+// A merge compares exactly and writes one text: the comparison's output
+// forms, ignore flags and deltas have no meaning there.
+void CheckMergeOptions(const Options& o) {
+  if (o.files.size() < 2 || o.files.size() > 3)
+    throw Failure(o.files.size() < 2 ? "missing operand: --merge needs LOCAL BASE REMOTE (or LOCAL REMOTE)"
+                                     : "extra operand '" + o.files[3] + "'");
+  if (o.labels.size() > o.files.size())
+    throw Failure("option '-L' given more often than there are files");
+  if (o.format != Format::Normal || !o.saveDelta.empty())
+    throw Failure("option for an output form or a delta given with --merge");
+  if (o.ignoreWhitespace || o.ignoreCase || o.ignoreLineEnds)
+    throw Failure("option -w, -i or --ignore-line-ends given with --merge, which compares lines exactly");
+  if (o.sourceEncoding != o.targetEncoding)
+    throw Failure("option --source-encoding or --target-encoding given with --merge; --encoding sets all files'");
+  if (o.showBase && o.files.size() == 2)
+    throw Failure("option '--diff3' needs BASE");
 }
 
 }  // namespace
@@ -177,7 +203,11 @@ Options ParseCommandLine(const std::vector<std::string>& args) {
   }
   if (o.command == Command::Help || o.command == Command::Version)
     return o;
-  if (o.command == Command::Info) {
+  if (o.command != Command::Merge && (o.showBase || !o.labels.empty()))
+    throw Failure(std::string(o.showBase ? "option '--diff3'" : "option '-L'") + " needs --merge");
+  if (o.command == Command::Merge) {
+    CheckMergeOptions(o);
+  } else if (o.command == Command::Info) {
     if (o.files.empty())
       throw Failure("--info needs at least one file");
   } else if (o.command == Command::ApplyDelta) {
@@ -194,9 +224,10 @@ Options ParseCommandLine(const std::vector<std::string>& args) {
 
 const char* UsageText() {
   return "Usage: vndiff [OPTION]... SOURCE TARGET\n"
+         "       vndiff --merge [-L LABEL]... [--diff3] [-o OUT] LOCAL BASE REMOTE\n"
          "       vndiff --info FILE...\n"
          "       vndiff --apply-delta DIR SOURCE -o OUT\n"
-         "Compare two files line by line.  A file named - is standard input.\n"
+         "Compare two files line by line, or merge three.  A file named - is standard input.\n"
          "\n"
          "Output:\n"
          "      --format=FORMAT        normal (default), unified, side-by-side or records\n"
@@ -216,6 +247,13 @@ const char* UsageText() {
          "      --target-encoding=CP   the same for TARGET only\n"
          "      --binary=ask|yes|no    go on with a binary file? (ask: on a terminal)\n"
          "      --info FILE...         type, encoding, code page, BOM and lines of files\n"
+         "Merge:\n"
+         "      --merge LOCAL BASE REMOTE\n"
+         "                             merge the changes BASE->LOCAL and BASE->REMOTE; without\n"
+         "                             BASE every difference of LOCAL and REMOTE is a conflict\n"
+         "  -L LABEL, --label=LABEL    conflict marker labels, for LOCAL, BASE, REMOTE in turn\n"
+         "      --diff3                show the base's lines in conflicts (||||||| section)\n"
+         "  -o OUT, --output=OUT       write the merged text to OUT instead of standard output\n"
          "Deltas:\n"
          "      --save-delta DIR       also write the change records and delta text to DIR\n"
          "      --apply-delta DIR SOURCE -o OUT\n"
@@ -223,7 +261,8 @@ const char* UsageText() {
          "  -h, --help                 this text\n"
          "  -v, --version              the version\n"
          "\n"
-         "Exit status: 0 no differences, 1 differences, 2 trouble.\n";
+         "Exit status: 0 no differences, 1 differences, 2 trouble;\n"
+         "with --merge: 0 merged cleanly, 1 conflicts left, 2 trouble.\n";
 }
 
 }  // namespace vndiff

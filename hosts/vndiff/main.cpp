@@ -1,7 +1,8 @@
 // main.cpp - vndiff, the console host: compare two files from the command line.
 //
-// Exit status 0 when the files are the same, 1 when they differ, 2 on
-// trouble (with a message on standard error).  See docs/vndiff.md.
+// Exit status 0 when the files are the same (with --merge: merged without
+// conflicts), 1 when they differ (conflicts remain), 2 on trouble (with a
+// message on standard error).  See docs/vndiff.md.
 #include "VndiffHost.h"
 
 #include "resources/VnVersion.h"
@@ -57,6 +58,9 @@ static int Run(const std::vector<std::string>& args) {
   case Command::Compare:
     InstallBinaryAnswer(options.binary);
     return RunCompare(options, stdout);
+  case Command::Merge:
+    InstallBinaryAnswer(options.binary);
+    return RunMerge(options, stdout);
   }
   return kExitTrouble;
 }

@@ -12,6 +12,7 @@
 #include "intake/VnSmartBytePtr.h"
 
 #include <cassert>
+#include <cstring>
 
 struct CVnComparedFile::State {
   CVnDiffFile intake;
@@ -103,7 +104,17 @@ void CVnComparedFile::ReadRaw(const CString& path) {
   CVnFile file(path, CFile::modeRead);
   const unsigned long size = file.ReadAll(bytes);
   file.Close();
-  const CString name = NameFor(m_facts, m_strPath, path);
+  TakeRaw(bytes, size, path, NameFor(m_facts, m_strPath, path));
+}
+
+void CVnComparedFile::ReadBytes(const std::string& bytes, const CString& name) {
+  CVnSmartBytePtr copy(new unsigned char[bytes.size() + 1]);
+  memcpy(copy.Get(), bytes.data(), bytes.size());
+  TakeRaw(copy, static_cast<unsigned long>(bytes.size()), CString(), name);
+}
+
+// Cuts raw bytes into lines; the side owns them from here on.
+void CVnComparedFile::TakeRaw(CVnSmartBytePtr& bytes, unsigned long size, const CString& path, const CString& name) {
   Reset();
   m_pLines = CutLines(CVnFileInfo::Text8, bytes, size);
   m_pState->raw = bytes.Detach();
@@ -125,19 +136,24 @@ VnLineEnd CVnComparedFile::GetLineEnd(long line) const {
   return last && !m_facts.m_bFinalNewline ? VnLineEnd::None : VnLineEnd::LF;
 }
 
-void CVnComparedFile::AppendLineUtf8(long line, std::string& out) const {
+const void* CVnComparedFile::GetLineText(long line, size_t& units) const {
   assert(line >= 0 && line < m_facts.m_nLineCount && "a line of this side");
   const CVnDiffLine* record = m_pLines->GetLines()[static_cast<INT_PTR>(line)];
-  if (!m_bWide) {
-    out.append(reinterpret_cast<const char*>(record->GetBytes()), record->GetLength());
-    return;
-  }
+  units = record->GetUnitCount();
   // Every line of the intake's text ends CR LF; the CR is not the line's own.
-  size_t units = record->GetLength() / 2;
   const WCHAR* text = reinterpret_cast<const WCHAR*>(record->GetBytes());
-  if (GetLineEnd(line) != VnLineEnd::None && units > 0 && text[units - 1] == 13)
+  if (m_bWide && GetLineEnd(line) != VnLineEnd::None && units > 0 && text[units - 1] == 13)
     --units;
-  VnAppendUtf8(text, units, out);
+  return record->GetBytes();
+}
+
+void CVnComparedFile::AppendLineUtf8(long line, std::string& out) const {
+  size_t units = 0;
+  const void* text = GetLineText(line, units);
+  if (m_bWide)
+    VnAppendUtf8(static_cast<const WCHAR*>(text), units, out);
+  else
+    out.append(static_cast<const char*>(text), units);
 }
 
 void CVnComparedFile::AppendLineAsRead(long line, std::string& out) const {

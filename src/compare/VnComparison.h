@@ -40,6 +40,7 @@
 #include "engine/VnDiffArg.h"
 #include "engine/VnDiffChange.h"
 #include "intake/VnDiffFile.h"
+#include "intake/VnSmartBytePtr.h"
 
 #include <memory>
 #include <string>
@@ -74,6 +75,9 @@ public:
   bool Read(const CString& path, unsigned codePage);
   // Reads path's bytes as they stand, cut at LF.
   void ReadRaw(const CString& path);
+  // Takes bytes held in memory as ReadRaw takes a file's; the side has no
+  // path then, and `name` is its display name.
+  void ReadBytes(const std::string& bytes, const CString& name);
   void SetDisplayName(const CString& name) { m_facts.m_strDisplayName = name; }
 
   const CVnFileFacts& GetFacts() const { return m_facts; }
@@ -93,6 +97,10 @@ public:
   // How line (0-based) ended in the file: None for an unterminated last
   // line, LF for every other line of raw bytes.
   VnLineEnd GetLineEnd(long line) const;
+  // Line's own text where it lies in the buffer: 16-bit units for decoded
+  // text (without the CR the intake gave it), bytes otherwise; `units`
+  // counts them.
+  const void* GetLineText(long line, size_t& units) const;
   // Appends line's text as UTF-8 (raw bytes as they are), without the line
   // end and without the CR the intake gave it.
   void AppendLineUtf8(long line, std::string& out) const;
@@ -105,6 +113,7 @@ public:
 
 private:
   void Reset();
+  void TakeRaw(CVnSmartBytePtr& bytes, unsigned long size, const CString& path, const CString& name);
 
   struct State;
   std::unique_ptr<State> m_pState;  // intake, owned bytes, line ends
