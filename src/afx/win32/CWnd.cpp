@@ -205,6 +205,7 @@ void CWnd::OnLButtonDblClk(UINT, CPoint) { Default(); }
 void CWnd::OnMouseMove(UINT, CPoint) { Default(); }
 BOOL CWnd::OnSetCursor(CWnd*, UINT, UINT) { return static_cast<BOOL>(Default()); }
 void CWnd::OnCaptureChanged(CWnd*) { Default(); }
+void CWnd::OnCancelMode() { Default(); }
 LRESULT CWnd::OnNcHitTest(CPoint) { return Default(); }
 void CWnd::OnKeyDown(UINT, UINT, UINT) { Default(); }
 void CWnd::OnChar(UINT, UINT, UINT) { Default(); }
@@ -306,6 +307,11 @@ BOOL CWnd::SubclassWindow(HWND hWnd) {
   return TRUE;
 }
 
+BOOL CWnd::SubclassDlgItem(UINT id, CWnd* parent) {
+  assert(parent && ::IsWindow(parent->m_hWnd) && "the dialog exists");
+  return SubclassWindow(::GetDlgItem(parent->m_hWnd, static_cast<int>(id)));
+}
+
 BOOL CWnd::SubclassCreated() {
   HWND hWnd = Detach();
   if (SubclassWindow(hWnd))
@@ -386,6 +392,21 @@ BOOL CWnd::IsWindowVisible() const {
 BOOL CWnd::EnableWindow(BOOL enable) {
   assert(::IsWindow(m_hWnd) && "the object holds a live window");
   return ::EnableWindow(m_hWnd, enable);
+}
+
+DWORD CWnd::GetStyle() const {
+  assert(::IsWindow(m_hWnd) && "the object holds a live window");
+  return static_cast<DWORD>(::GetWindowLongW(m_hWnd, GWL_STYLE));
+}
+
+UINT_PTR CWnd::SetTimer(UINT_PTR id, UINT elapse) {
+  assert(::IsWindow(m_hWnd) && "the object holds a live window");
+  return ::SetTimer(m_hWnd, id, elapse, nullptr);
+}
+
+BOOL CWnd::KillTimer(UINT_PTR id) {
+  assert(::IsWindow(m_hWnd) && "the object holds a live window");
+  return ::KillTimer(m_hWnd, id);
 }
 
 CWnd* CWnd::GetParent() const {
