@@ -45,6 +45,7 @@ protected:
   void OnUpdatePosition(CCmdUI* cmdUI);
   void OnUpdateDifferences(CCmdUI* cmdUI);
   void OnPrint();
+  void OnAbout();
   void OnExit();
 
   DECLARE_MESSAGE_MAP()

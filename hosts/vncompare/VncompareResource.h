@@ -18,4 +18,7 @@
 #define IDS_DIFFERENCES 32802
 #define IDS_POSITION 32803
 
+// The caption the library's About box takes from the host.
+#define IDS_ABOUT_CAPTION 169
+
 #endif  // VN_HOSTS_VNCOMPARE_VNCOMPARERESOURCE_H

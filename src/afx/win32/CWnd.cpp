@@ -460,6 +460,25 @@ BOOL CWnd::SetWindowPlacement(const WINDOWPLACEMENT* placement) {
   return ::SetWindowPlacement(m_hWnd, &copy);
 }
 
+void CWnd::CenterWindow() {
+  assert(::IsWindow(m_hWnd) && "the object holds a live window");
+  MONITORINFO monitor = {};
+  monitor.cbSize = sizeof(monitor);
+  ::GetMonitorInfoW(::MonitorFromWindow(m_hWnd, MONITOR_DEFAULTTONEAREST), &monitor);
+  RECT area = monitor.rcWork, over = area, own;
+  HWND owner = ::GetWindow(m_hWnd, GW_OWNER);
+  if (owner && ::IsWindowVisible(owner) && !::IsIconic(owner))
+    ::GetWindowRect(owner, &over);
+  ::GetWindowRect(m_hWnd, &own);
+  int width = own.right - own.left, height = own.bottom - own.top;
+  int x = (over.left + over.right - width) / 2, y = (over.top + over.bottom - height) / 2;
+  x = x + width > area.right ? area.right - width : x;
+  y = y + height > area.bottom ? area.bottom - height : y;
+  x = x < area.left ? area.left : x;
+  y = y < area.top ? area.top : y;
+  ::SetWindowPos(m_hWnd, nullptr, x, y, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
 BOOL CWnd::IsChild(const CWnd* wnd) const {
   assert(::IsWindow(m_hWnd) && "the object holds a live window");
   return wnd && ::IsChild(m_hWnd, wnd->m_hWnd);

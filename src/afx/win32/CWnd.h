@@ -97,6 +97,9 @@ public:
 
 
   // Frames, placement and focus.
+  // Over the owner while it is visible, else in the middle of the work area
+  // of the window's monitor; kept on that work area.
+  void CenterWindow();
   BOOL GetWindowPlacement(WINDOWPLACEMENT* placement) const;
   BOOL SetWindowPlacement(const WINDOWPLACEMENT* placement);
   // TRUE when wnd is a child of this window at any depth.
