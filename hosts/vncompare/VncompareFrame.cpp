@@ -6,6 +6,7 @@
 #include "afx/win32/CWinApp.h"
 #include "foundation/LocalResources.h"
 #include "toolkit/VnFilePickers.h"
+#include "toolkit/VnDlgAbout.h"
 #include "window/VnPaneMessages.h"
 #include "window/VnPaneSync.h"
 #include "window/VnPaneWnd.h"
@@ -32,6 +33,7 @@ BEGIN_MESSAGE_MAP(CVnCompareFrame, CVnReconcileFrame)
   ON_UPDATE_COMMAND_UI(ID_INDICATOR_POS, OnUpdatePosition)
   ON_UPDATE_COMMAND_UI(ID_INDICATOR_DIFFS, OnUpdateDifferences)
   ON_COMMAND(ID_FILE_PRINT, OnPrint)
+  ON_COMMAND(ID_APP_ABOUT, OnAbout)
   ON_COMMAND(ID_APP_EXIT, OnExit)
   ON_COMMAND(ID_FILE_OPEN, OnOpen)
   ON_COMMAND(ID_TOOLS_OPTIONS, OnToolsOptions)
@@ -255,6 +257,12 @@ void CVnCompareFrame::OnPrint() {
                                        Pane(0)->GetCaption(), GetDefaultCharFormat());
   print.GetTextPane()->OnFilePrint(this);
   print.DestroyWindow();
+}
+
+// The library's box, with this tool's caption and name from its own texts.
+void CVnCompareFrame::OnAbout() {
+  CVnAboutDlgParams params;
+  CVnDlgAbout::Execute(params);
 }
 
 void CVnCompareFrame::OnExit() { PostMessage(WM_CLOSE); }

@@ -49,6 +49,7 @@ protected:
   void OnUpdatePosition(CCmdUI* cmdUI);
   void OnUpdateDifferences(CCmdUI* cmdUI);
   void OnPrint();
+  void OnAbout();
   void OnExit();
   void OnOpen();
   void OnToolsOptions();

@@ -21,4 +21,7 @@
 #define IDS_POSITION 32803
 #define IDS_OPEN_FILTER 32804
 
+// The caption the library's About box takes from the host.
+#define IDS_ABOUT_CAPTION 169
+
 #endif  // VN_HOSTS_VNCOMPARE_VNCOMPARERESOURCE_H

@@ -141,8 +141,7 @@ void CVnPropertySheet::OnOK() {
   CPropertyPage* page = GetActivePage();
   if (page && !page->UpdateData(TRUE))
     return;
-  m_nModalResult = IDOK;
-  Default();
+  CPropertySheet::OnOK();
 }
 
 BOOL CVnPropertySheet::OnMustVisitAllPages() {

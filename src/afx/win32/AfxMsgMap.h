@@ -114,6 +114,7 @@
   VN_WM_ENTRY(WM_SETCURSOR, return self->OnSetCursor(VN_WND(wParam), LOWORD(lParam), HIWORD(lParam));)
 #define ON_WM_CAPTURECHANGED()                                                 \
   VN_WM_ENTRY(WM_CAPTURECHANGED, self->OnCaptureChanged(VN_WND(lParam)); return 0;)
+#define ON_WM_CANCELMODE() VN_WM_ENTRY(WM_CANCELMODE, self->OnCancelMode(); return 0;)
 #define ON_WM_NCHITTEST() VN_WM_ENTRY(WM_NCHITTEST, return self->OnNcHitTest(VN_POINT(lParam));)
 #define ON_WM_KEYDOWN()                                                        \
   VN_WM_ENTRY(WM_KEYDOWN,                                                      \

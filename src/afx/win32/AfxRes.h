@@ -38,7 +38,8 @@
 #define ID_APP_ABOUT 0xE140
 #define ID_SEPARATOR 0
 
-// The status bar's idle text.
+// The application's name, and the status bar's idle text.
+#define AFX_IDS_APP_TITLE 0xE000
 #define AFX_IDS_IDLEMESSAGE 0xE001
 
 // Sent to a frame and its descendants when the application is idle: control

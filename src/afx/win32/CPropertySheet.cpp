@@ -279,14 +279,19 @@ BOOL CPropertySheet::ContinueModal() {
   return ::SendMessageW(m_hWnd, PSM_GETCURRENTPAGEHWND, 0, 0) != 0;
 }
 
+// The modal loop sees the end only when it next takes a message from the
+// queue; a press sent from another thread leaves the queue empty, so it is
+// woken here.
 void CPropertySheet::OnOK() {
   m_nModalResult = IDOK;
   Default();
+  ::PostMessageW(m_hWnd, WM_NULL, 0, 0);
 }
 
 void CPropertySheet::OnCancel() {
   m_nModalResult = IDCANCEL;
   Default();
+  ::PostMessageW(m_hWnd, WM_NULL, 0, 0);
 }
 
 BOOL CPropertySheet::PreTranslateMessage(MSG* msg) {

@@ -205,6 +205,7 @@ void CWnd::OnLButtonDblClk(UINT, CPoint) { Default(); }
 void CWnd::OnMouseMove(UINT, CPoint) { Default(); }
 BOOL CWnd::OnSetCursor(CWnd*, UINT, UINT) { return static_cast<BOOL>(Default()); }
 void CWnd::OnCaptureChanged(CWnd*) { Default(); }
+void CWnd::OnCancelMode() { Default(); }
 LRESULT CWnd::OnNcHitTest(CPoint) { return Default(); }
 void CWnd::OnKeyDown(UINT, UINT, UINT) { Default(); }
 void CWnd::OnChar(UINT, UINT, UINT) { Default(); }
@@ -306,6 +307,11 @@ BOOL CWnd::SubclassWindow(HWND hWnd) {
   return TRUE;
 }
 
+BOOL CWnd::SubclassDlgItem(UINT id, CWnd* parent) {
+  assert(parent && ::IsWindow(parent->m_hWnd) && "the dialog exists");
+  return SubclassWindow(::GetDlgItem(parent->m_hWnd, static_cast<int>(id)));
+}
+
 BOOL CWnd::SubclassCreated() {
   HWND hWnd = Detach();
   if (SubclassWindow(hWnd))
@@ -388,6 +394,21 @@ BOOL CWnd::EnableWindow(BOOL enable) {
   return ::EnableWindow(m_hWnd, enable);
 }
 
+DWORD CWnd::GetStyle() const {
+  assert(::IsWindow(m_hWnd) && "the object holds a live window");
+  return static_cast<DWORD>(::GetWindowLongW(m_hWnd, GWL_STYLE));
+}
+
+UINT_PTR CWnd::SetTimer(UINT_PTR id, UINT elapse) {
+  assert(::IsWindow(m_hWnd) && "the object holds a live window");
+  return ::SetTimer(m_hWnd, id, elapse, nullptr);
+}
+
+BOOL CWnd::KillTimer(UINT_PTR id) {
+  assert(::IsWindow(m_hWnd) && "the object holds a live window");
+  return ::KillTimer(m_hWnd, id);
+}
+
 CWnd* CWnd::GetParent() const {
   assert(::IsWindow(m_hWnd) && "the object holds a live window");
   return FromHandlePermanent(::GetParent(m_hWnd));
@@ -437,6 +458,25 @@ BOOL CWnd::SetWindowPlacement(const WINDOWPLACEMENT* placement) {
   WINDOWPLACEMENT copy = *placement;
   copy.length = sizeof(WINDOWPLACEMENT);
   return ::SetWindowPlacement(m_hWnd, &copy);
+}
+
+void CWnd::CenterWindow() {
+  assert(::IsWindow(m_hWnd) && "the object holds a live window");
+  MONITORINFO monitor = {};
+  monitor.cbSize = sizeof(monitor);
+  ::GetMonitorInfoW(::MonitorFromWindow(m_hWnd, MONITOR_DEFAULTTONEAREST), &monitor);
+  RECT area = monitor.rcWork, over = area, own;
+  HWND owner = ::GetWindow(m_hWnd, GW_OWNER);
+  if (owner && ::IsWindowVisible(owner) && !::IsIconic(owner))
+    ::GetWindowRect(owner, &over);
+  ::GetWindowRect(m_hWnd, &own);
+  int width = own.right - own.left, height = own.bottom - own.top;
+  int x = (over.left + over.right - width) / 2, y = (over.top + over.bottom - height) / 2;
+  x = x + width > area.right ? area.right - width : x;
+  y = y + height > area.bottom ? area.bottom - height : y;
+  x = x < area.left ? area.left : x;
+  y = y < area.top ? area.top : y;
+  ::SetWindowPos(m_hWnd, nullptr, x, y, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 BOOL CWnd::IsChild(const CWnd* wnd) const {

@@ -57,6 +57,9 @@ public:
   // procedure becomes the default.
   BOOL SubclassWindow(HWND hWnd);
   HWND UnsubclassWindow();
+  // Routes the messages of the parent's dialog item through this object,
+  // as SubclassWindow does: a control of a dialog template joins its class.
+  BOOL SubclassDlgItem(UINT id, CWnd* parent);
   // For a control just created through this object: routes its messages
   // through WindowProc from now on.  Destroys the control and gives FALSE
   // when that fails.
@@ -78,6 +81,10 @@ public:
   HWND SetFocus();
   BOOL IsWindowVisible() const;
   BOOL EnableWindow(BOOL enable = TRUE);
+  DWORD GetStyle() const;
+  // WM_TIMER comes every elapse milliseconds with id until KillTimer.
+  UINT_PTR SetTimer(UINT_PTR id, UINT elapse);
+  BOOL KillTimer(UINT_PTR id);
   CWnd* GetParent() const;
   int GetDlgCtrlID() const;
   void Invalidate(BOOL erase = TRUE);
@@ -90,6 +97,9 @@ public:
 
 
   // Frames, placement and focus.
+  // Over the owner while it is visible, else in the middle of the work area
+  // of the window's monitor; kept on that work area.
+  void CenterWindow();
   BOOL GetWindowPlacement(WINDOWPLACEMENT* placement) const;
   BOOL SetWindowPlacement(const WINDOWPLACEMENT* placement);
   // TRUE when wnd is a child of this window at any depth.
@@ -172,6 +182,7 @@ protected:
   void OnMouseMove(UINT flags, CPoint point);
   BOOL OnSetCursor(CWnd* wnd, UINT hitTest, UINT message);
   void OnCaptureChanged(CWnd* wnd);
+  void OnCancelMode();
   LRESULT OnNcHitTest(CPoint point);
   void OnKeyDown(UINT key, UINT repeat, UINT flags);
   void OnChar(UINT key, UINT repeat, UINT flags);

@@ -1,7 +1,8 @@
 // VncompareEndToEndTest.cpp - the compare tool as a user meets it: started
 // on two files, its panes read through the controls, stepped through the
 // differences, closed from the title bar, started again in the place it was
-// left; and its answers to bad command lines and missing files.
+// left; its About box; its options, encodings and printing; and its
+// answers to bad command lines and missing files.
 #include "DialogDriver.h"
 #include "PrintDialogs.h"
 #include "Screenshot.h"
@@ -12,6 +13,7 @@
 #include "compare/VnComparison.h"
 #include "compare/VnDifferenceBlocks.h"
 #include "foundation/VnRegistry.h"
+#include "resources/VnVersion.h"
 
 #include <gtest/gtest.h>
 
@@ -265,6 +267,62 @@ TEST(VncompareEndToEndTest, ShowsStepsClosesAndComesBackWhereItWasLeft) {
     ::PostMessageW(tool.frame, WM_CLOSE, 0, 0);
     EXPECT_EQ(0u, tool.Wait());
   }
+  CVnRegistry().DeleteSection(HKEY_CURRENT_USER, L"Software\\VnReconcile", L"vncompare");
+}
+
+// Help > About opens the library's About box over the tool, with the
+// tool's caption and name and the library's build; both pages are
+// pictured, the second reached with the tree's Down key.
+TEST(VncompareEndToEndTest, HelpAboutShowsTheAboutBox) {
+  vn::test::ScratchDir dir;
+  CString oldPath = dir.Path() + _T("old.txt"), newPath = dir.Path() + _T("new.txt");
+  WritePair(oldPath.GetString(), newPath.GetString());
+  Tool tool(L"\"" + std::wstring(oldPath.GetString()) + L"\" \"" + newPath.GetString() + L"\"");
+  ASSERT_TRUE(tool.frame);
+  // Alt+H opens the Help menu, A picks About: the keys a user would press.
+  // The tool's own menu, read from its file (Wine keeps a menu to the
+  // process that made it); its Help > About item's command goes to the frame
+  // as a click on it would send it.
+  HMODULE file = ::LoadLibraryExW(ToolPath().c_str(), nullptr, LOAD_LIBRARY_AS_DATAFILE);
+  ASSERT_TRUE(file);
+  HMENU bar = ::LoadMenuW(file, MAKEINTRESOURCEW(128));
+  ASSERT_TRUE(bar);
+  HMENU help = ::GetSubMenu(bar, ::GetMenuItemCount(bar) - 1);
+  wchar_t text[64] = {};
+  ::GetMenuStringW(bar, ::GetMenuItemCount(bar) - 1, text, 64, MF_BYPOSITION);
+  EXPECT_EQ(std::wstring(L"&Help"), text);
+  ::GetMenuStringW(help, 0, text, 64, MF_BYPOSITION);
+  EXPECT_EQ(std::wstring(L"&About vncompare..."), text);
+  UINT command = ::GetMenuItemID(help, 0);
+  ::DestroyMenu(bar);
+  ::FreeLibrary(file);
+  ::PostMessageW(tool.frame, WM_COMMAND, command, 0);
+
+  HWND about = vn::test::WaitForNextDialog(tool.frame, L"About", nullptr);
+  ASSERT_TRUE(about);
+  ::GetWindowTextW(about, text, 64);
+  EXPECT_EQ(std::wstring(L"About vncompare"), text);
+  ::Sleep(300);
+  vn::test::WritePng(vn::test::CaptureWindow(about), vn::test::ScreenshotPath(L"about-about-page.png"));
+  ::PostMessageW(::GetDlgItem(about, 1069), WM_KEYDOWN, VK_DOWN, 0);
+  ::Sleep(300);
+  HWND info = nullptr;
+  for (HWND page = ::FindWindowExW(about, nullptr, L"#32770", nullptr); page;
+       page = ::FindWindowExW(about, page, L"#32770", nullptr))
+    if (::GetDlgItem(page, 1071))
+      info = page;
+  ASSERT_TRUE(info);
+  EXPECT_TRUE(::IsWindowVisible(info));
+  ::GetDlgItemTextW(info, 1071, text, 64);
+  EXPECT_EQ(std::wstring(L"vncompare  Build: ") + L"" VN_VERSION_TEXT, text);
+  vn::test::WritePng(vn::test::CaptureWindow(about), vn::test::ScreenshotPath(L"about-info-page.png"));
+
+  ::PostMessageW(::GetDlgItem(about, 1025), BM_CLICK, 0, 0);
+  for (int tries = 0; tries < 100 && ::IsWindow(about) && ::IsWindowVisible(about); ++tries)
+    ::Sleep(50);
+  EXPECT_FALSE(::IsWindow(about) && ::IsWindowVisible(about));
+  ::PostMessageW(tool.frame, WM_CLOSE, 0, 0);
+  EXPECT_EQ(1u, tool.Wait());
   CVnRegistry().DeleteSection(HKEY_CURRENT_USER, L"Software\\VnReconcile", L"vncompare");
 }
 
