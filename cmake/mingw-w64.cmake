@@ -22,3 +22,8 @@ set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
 
 get_filename_component(_vn_root "${CMAKE_CURRENT_LIST_DIR}/.." ABSOLUTE)
 set(CMAKE_CROSSCOMPILING_EMULATOR ${_vn_root}/scripts/wine-run)
+
+# A prefix the build names on CMAKE_PREFIX_PATH (an installed Vn Reconcile
+# for a host's build) already holds Windows files: its packages are found
+# where they are, not looked for below the toolchain's root.
+list(APPEND CMAKE_FIND_ROOT_PATH ${CMAKE_PREFIX_PATH})
