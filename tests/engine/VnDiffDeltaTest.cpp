@@ -163,31 +163,24 @@ TEST(VnDiffDeltaTest, BadIndexesRaiseInvalidArgument) {
   EXPECT_EQ(nullptr, buffer);
 }
 
+// Many short lines and one long one cross the staging block; a second save,
+// through the 16-bit path form, replaces the earlier content.
 TEST(VnDiffDeltaTest, SaveToFileWritesTheFlatLines) {
+  std::string big;
+  for (int i = 0; i < 20000; ++i)
+    big += "line " + std::to_string(i) + "\n";
+  big += std::string(200000, 'L') + "\nend";
   std::string path = TempPath("saved.txt");
   CString wide = VnFromUtf8(path);
-  auto set = MakeSet("one\ntwo\r\nthree");
-  set.arg->SaveToFile(static_cast<LPCWSTR>(wide));
-  EXPECT_EQ("one\ntwo\r\nthree", ReadAll(path));
-  auto shorter = MakeSet("x\n");
-  std::vector<unsigned short> units(wide.GetLength() + 1, 0);
-  for (int i = 0; i < wide.GetLength(); ++i)
-    units[static_cast<size_t>(i)] = static_cast<unsigned short>(wide[i]);
-  shorter.arg->SaveToFile(units.data());  // replaces the earlier content
-  EXPECT_EQ("x\n", ReadAll(path));
-  CFile::Remove(wide);
-}
-
-TEST(VnDiffDeltaTest, SaveToFileOfManyAndLongLinesCrossesTheStagingBlock) {
-  std::string text;
-  for (int i = 0; i < 20000; ++i)
-    text += "line " + std::to_string(i) + "\n";
-  text += std::string(200000, 'L') + "\nend";
-  auto set = MakeSet(text);
-  std::string path = TempPath("big.txt");
-  CString wide = VnFromUtf8(path);
-  set.arg->SaveToFile(static_cast<LPCWSTR>(wide));
-  EXPECT_EQ(text, ReadAll(path));
+  std::vector<unsigned short> units(wide.GetString(), wide.GetString() + wide.GetLength() + 1);
+  for (const std::string& text : {std::string("one\ntwo\r\nthree"), big}) {
+    auto set = MakeSet(text);
+    set.arg->SaveToFile(static_cast<LPCWSTR>(wide));
+    EXPECT_EQ(text, ReadAll(path));
+    auto shorter = MakeSet("x\n");
+    shorter.arg->SaveToFile(units.data());
+    EXPECT_EQ("x\n", ReadAll(path));
+  }
   CFile::Remove(wide);
 }
 
