@@ -129,15 +129,14 @@ TEST(VnExceptionTest, OsExceptionShowsTheSystemsTextForItsCode) {
     EXPECT_EQ(SystemText(code), box.text);
     EXPECT_EQ(MB_ICONEXCLAMATION, box.type);
   }
-}
-
 #ifndef _WIN32
-TEST(VnExceptionTest, NativeOsTextsUseTheWin32Wording) {
+  // The native texts use the Win32 wording, line end included.
   CString text;
   CVnException::HandleError(new CVnOSException(ERROR_FILE_NOT_FOUND), text);
   EXPECT_EQ("The system cannot find the file specified.\r\n", VnToUtf8(text));
-}
 #endif
+}
+
 
 TEST(VnExceptionTest, AllOnesStandsForTheLastErrorWhenTheExceptionIsMade) {
   vn::os::SetLastError(ERROR_ACCESS_DENIED);
