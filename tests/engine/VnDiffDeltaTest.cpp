@@ -3,12 +3,11 @@
 #include "EngineTestUtil.h"
 #include "TestSupport.h"
 
-#include "afx/os/OsSeam.h"
 #include "engine/VnDelta.h"
 
 #include <gtest/gtest.h>
 
-#include <random>
+#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -28,25 +27,12 @@ std::string Rebuild(LineSet& source, LineSet& target, CPtrArray& changes) {
   return Flatten(rebuilt.result);
 }
 
-// A name of this run's own, so that test runs of several build trees at
-// once don't share files.
-std::string TempPath(const char* name) {
-  static const std::string run = std::to_string(std::random_device()() % 1000000);
-  return VnToUtf8(vn::os::TempDirectory().c_str()) + "vn_engine_test_" + run + "_" + name;
-}
-
-std::string ReadAll(const std::string& path) {
-  CString wide = VnFromUtf8(path);
-  CFile file(wide, CFile::modeRead);
+std::string ReadAll(const CString& path) {
+  CFile file(path, CFile::modeRead);
   std::string bytes(static_cast<size_t>(file.GetLength()), '\0');
   if (!bytes.empty())
     file.Read(&bytes[0], static_cast<UINT>(bytes.size()));
   return bytes;
-}
-
-bool Exists(const std::string& path) {
-  CString wide = VnFromUtf8(path);
-  return vn::os::GetFileAttributes(wide) != 0xFFFFFFFF;
 }
 
 }  // namespace
@@ -58,8 +44,8 @@ TEST(VnDiffDeltaTest, LengthsArePlainArithmetic) {
 }
 
 TEST(VnDiffDeltaTest, SavedRecordIsTwentyLittleEndianBytes) {
-  std::string path = TempPath("records.bin");
-  CString wide = VnFromUtf8(path);
+  vn::test::ScratchDir dir;
+  const CString wide = dir.Path() + _T("records.bin");
   CVnDiffChange records[3] = {CVnDiffChange(CVnDiffChange::Change, 2, 3, 0x01020304, 5),
                               CVnDiffChange(CVnDiffChange::Delete, 7, 9, 0, 0), CVnDiffChange()};
   records[2].MarkFullFileDelta();
@@ -70,7 +56,7 @@ TEST(VnDiffDeltaTest, SavedRecordIsTwentyLittleEndianBytes) {
       EXPECT_EQ(static_cast<ULONGLONG>(20 * (i + 1)), file.GetLength());
     }
   }
-  std::string bytes = ReadAll(path);
+  std::string bytes = ReadAll(wide);
   ASSERT_EQ(60u, bytes.size());
   EXPECT_EQ(std::string("\x03\0\0\0\x02\0\0\0\x03\0\0\0\x04\x03\x02\x01\x05\0\0\0", 20), bytes.substr(0, 20));
   EXPECT_EQ(std::string("\x04\0\0\0", 4) + std::string(16, '\xFF'), bytes.substr(40));
@@ -82,7 +68,6 @@ TEST(VnDiffDeltaTest, SavedRecordIsTwentyLittleEndianBytes) {
       EXPECT_EQ(vn::test::RecordText(records[i]), vn::test::RecordText(loaded));
     }
   }
-  CFile::Remove(wide);
 }
 
 // The delta text holds the target's inserted and changed lines, ended by
@@ -170,23 +155,22 @@ TEST(VnDiffDeltaTest, SaveToFileWritesTheFlatLines) {
   for (int i = 0; i < 20000; ++i)
     big += "line " + std::to_string(i) + "\n";
   big += std::string(200000, 'L') + "\nend";
-  std::string path = TempPath("saved.txt");
-  CString wide = VnFromUtf8(path);
+  vn::test::ScratchDir dir;
+  const CString wide = dir.Path() + _T("saved.txt");
   std::vector<unsigned short> units(wide.GetString(), wide.GetString() + wide.GetLength() + 1);
   for (const std::string& text : {std::string("one\ntwo\r\nthree"), big}) {
     auto set = MakeSet(text);
     set.arg->SaveToFile(static_cast<LPCWSTR>(wide));
-    EXPECT_EQ(text, ReadAll(path));
+    EXPECT_EQ(text, ReadAll(wide));
     auto shorter = MakeSet("x\n");
     shorter.arg->SaveToFile(units.data());
-    EXPECT_EQ("x\n", ReadAll(path));
+    EXPECT_EQ("x\n", ReadAll(wide));
   }
-  CFile::Remove(wide);
 }
 
 TEST(VnDiffDeltaTest, FailedSaveLeavesNoFile) {
-  std::string path = TempPath("no/such/dir/out.txt");
-  CString wide = VnFromUtf8(path);
+  vn::test::ScratchDir dir;
+  const CString wide = dir.Path() + _T("no\\such\\out.txt");
   auto set = MakeSet("a\n");
   bool raised = false;
   try {
@@ -196,7 +180,7 @@ TEST(VnDiffDeltaTest, FailedSaveLeavesNoFile) {
     e->Delete();
   }
   EXPECT_TRUE(raised);
-  EXPECT_FALSE(Exists(path));
+  EXPECT_FALSE(std::filesystem::exists(vn::test::FsPath(wide)));
 }
 
 namespace {

@@ -2,6 +2,7 @@
 #include "foundation/LocalResources.h"
 
 #include "TestModule.h"
+#include "TestSupport.h"
 
 #include <gtest/gtest.h>
 
@@ -11,7 +12,7 @@ namespace {
 
 using vn::test::TestModule;
 
-std::string Utf8(const CString& s) { return VnToUtf8(s); }
+using vn::test::U8;
 
 TEST(LocalResourcesTest, TheComponentHasItsOwnModule) {
   ASSERT_NE(nullptr, GetResourceModule());
@@ -45,7 +46,7 @@ TEST(LocalResourcesTest, LoadsByModuleAndNumberCutAtTheLimit) {
     HINSTANCE module = c.component ? GetResourceModule() : TestModule();
     const CString value = LoadLocalString(module, c.id);
     EXPECT_EQ(c.length, value.GetLength());
-    std::string text = Utf8(value);
+    std::string text = U8(value);
     std::string tail = c.tail;
     ASSERT_GE(text.size(), tail.size());
     EXPECT_EQ(tail, text.substr(text.size() - tail.size()));
@@ -53,10 +54,10 @@ TEST(LocalResourcesTest, LoadsByModuleAndNumberCutAtTheLimit) {
     CString into(_T("previous content"));
     BOOL loaded = LoadLocalString(module, c.id, into);
     EXPECT_EQ(c.length > 0 ? TRUE : FALSE, loaded);
-    EXPECT_EQ(Utf8(value), Utf8(into));
+    EXPECT_EQ(U8(value), U8(into));
   }
   // The cut keeps the text's beginning.
-  EXPECT_EQ("0123456789", Utf8(LoadLocalString(TestModule(), vn::test::kPastLimit).Left(10)));
+  EXPECT_EQ("0123456789", U8(LoadLocalString(TestModule(), vn::test::kPastLimit).Left(10)));
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 // the fixture deletes before and after, so a failed run leaves nothing.
 #include "foundation/VnRegistry.h"
 
+#include "TestSupport.h"
 #include "VnProcessHelperExe.h"
 
 #include <gtest/gtest.h>
@@ -15,6 +16,8 @@
 #include <vector>
 
 namespace {
+
+using vn::test::U8;
 
 // Exposes the protected state the tests look at.
 class ProbeRegistry : public CVnRegistry {
@@ -58,8 +61,6 @@ protected:
 
   CString m_path;
 };
-
-std::string U8(const CString& s) { return VnToUtf8(s); }
 
 TEST_F(VnRegistryTest, ValuesRoundTripThroughTheSectionAndThroughASubKey) {
   CVnRegistry reg(HKEY_CURRENT_USER, m_path, _T("Sec"));

@@ -1,13 +1,15 @@
 // VnTimeTest.cpp - tolerance, parts of a value, zone shifts and text forms.
 #include "foundation/VnTime.h"
 
+#include "TestSupport.h"
+
 #include <cmath>
 #include <cstdlib>
 #include <gtest/gtest.h>
 
 namespace {
 
-std::string U8(const CString& s) { return VnToUtf8(s); }
+using vn::test::U8;
 
 const double kMs = 1.0 / 86400000.0;
 
