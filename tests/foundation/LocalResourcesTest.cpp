@@ -14,12 +14,6 @@ using vn::test::TestModule;
 
 using vn::test::U8;
 
-TEST(LocalResourcesTest, TheComponentHasItsOwnModule) {
-  ASSERT_NE(nullptr, GetResourceModule());
-  EXPECT_NE(TestModule(), GetResourceModule());
-  EXPECT_EQ(GetResourceModule(), GetResourceModule());
-}
-
 // Both forms of LoadLocalString, for one module and number each.
 struct LoadCase {
   const char* what;
