@@ -1,5 +1,6 @@
 // CWinAppWin32Test.cpp - the application object: registration, the wait
-// cursor's nesting, one pump step, settings strings and the start sequence.
+// cursor's nesting, settings strings and the start sequence, run until the
+// quit and ended with its code.
 #include "afx/win32/CWinApp.h"
 
 #include <gtest/gtest.h>
@@ -37,15 +38,6 @@ TEST(CWinAppTest, WaitCursorNestsAndRestoresTheCursorBefore) {
   EXPECT_EQ(0, app.GetWaitCursorCount()) << "an unmatched End is ignored";
   app.RestoreWaitCursor();
   EXPECT_EQ(arrow, GetCursor()) << "Restore without a Begin changes nothing";
-}
-
-TEST(CWinAppTest, PumpMessageStopsAtQuitAndExitInstanceGivesItsCode) {
-  CWinApp app;
-  ASSERT_TRUE(PostThreadMessageW(GetCurrentThreadId(), WM_USER + 5, 0, 0));
-  EXPECT_TRUE(app.PumpMessage());
-  PostQuitMessage(23);
-  EXPECT_FALSE(app.PumpMessage());
-  EXPECT_EQ(23, app.ExitInstance());
 }
 
 TEST(CWinAppTest, KeepsItsOwnCopiesOfSettingStrings) {

@@ -10,9 +10,6 @@
 //     lines = N0 + N1 - 2 * LCS, against a brute-force LCS.
 #include "EngineTestUtil.h"
 
-#include "engine/VnDelta.h"
-#include "engine/VnLineIdentity.h"
-
 #include <gtest/gtest.h>
 
 #include <random>
@@ -75,24 +72,12 @@ LineSet Build(const std::vector<std::string>& lines, bool wide, bool endingTermi
 
 struct Flags {
   int ws, ic, le;
-  CVnLineFlags Line() const {
-    CVnLineFlags f;
-    f.m_bIgnoreWhitespace = ws != 0;
-    f.m_bIgnoreCase = ic != 0;
-    f.m_bIgnoreLineEnds = le != 0;
-    return f;
-  }
+  CVnLineFlags Line() const { return vn::test::LineFlags(ws, ic, le); }
   bool Any() const { return ws || ic || le; }
 };
 
-// Line equality under the flags, on copies so the sets' hashes stay as the
-// comparison left them.
 bool LinesEqual(const CVnDiffLine& a, const CVnDiffLine& b, const Flags& f) {
-  CVnDiffLine ca = a, cb = b;
-  CVnLineFlags lf = f.Line();
-  VnHashLine(ca, lf);
-  VnHashLine(cb, lf);
-  return VnLinesEqual(ca, cb, lf);
+  return vn::test::LinesEqual(a, b, f.Line());
 }
 
 const CVnDiffChange& At(const CPtrArray& changes, INT_PTR i) { return *static_cast<const CVnDiffChange*>(changes.GetAt(i)); }
@@ -167,29 +152,15 @@ void NamedLines(const CPtrArray& changes, int n0, int n1, std::vector<int>& src,
 // Rebuilds the target from the source through the delta operations; the
 // delta of Compare's records always passes the check.
 ::testing::AssertionResult Rebuilds(CPtrArray& changes, LineSet& source, LineSet& target, const Flags& f) {
-  unsigned long size = 0;
-  unsigned char* buffer = nullptr;
-  target.arg->ExtractChangedLines(changes, size, buffer);
-  std::string deltaBytes = buffer ? std::string(reinterpret_cast<char*>(buffer), size) : std::string();
-  delete[] buffer;
-  CVnDiffArg delta(target.arg->GetFileInfo());
-  delta.Create(deltaBytes.data(), static_cast<unsigned long>(deltaBytes.size()));
-  CVnDiffArg result(target.arg->GetFileInfo());
-  std::string why;
-  if (!VnApplyDelta(changes, *source.arg, delta, result, why))
-    return ::testing::AssertionFailure() << "the delta is refused: " << why;
+  vn::test::Rebuilt rebuilt(changes, *source.arg, *target.arg);
+  if (!rebuilt.ok)
+    return ::testing::AssertionFailure() << "the delta is refused: " << rebuilt.why;
+  CVnDiffArg& result = rebuilt.result;
   // Whether the last line ends is no line content: the records can't carry it.
   result.SetFileInfo(target.arg->GetFileInfo());
-  if (!f.Any()) {
-    unsigned char* flat = nullptr;
-    int flatSize = 0;
-    result.GetBuffer(flat, flatSize);
-    std::string rebuilt(reinterpret_cast<char*>(flat), static_cast<size_t>(flatSize));
-    delete[] flat;
-    if (rebuilt != target.bytes)
-      return ::testing::AssertionFailure() << "rebuilt bytes differ";
-    return ::testing::AssertionSuccess();
-  }
+  if (!f.Any())
+    return vn::test::Flatten(result) == target.bytes ? ::testing::AssertionSuccess()
+                                                      : ::testing::AssertionFailure() << "rebuilt bytes differ";
   // Under flags unchanged lines come from the source: equal, not identical.
   if (result.GetLineCount() != target.arg->GetLineCount())
     return ::testing::AssertionFailure() << result.GetLineCount() << " lines rebuilt of " << target.arg->GetLineCount();

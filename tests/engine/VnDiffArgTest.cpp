@@ -25,33 +25,41 @@ struct SplitCase {
   std::string bytes;
   CVnFileInfo::FileType type;
   unsigned char eol;
+  uint16_t eolChar;  // what the type makes of eol
   int lines;
   const char* joined;
   bool endingTerminator;
 };
 
+const CVnFileInfo::FileType kUnknownType = static_cast<CVnFileInfo::FileType>(3);
+
 }  // namespace
 
-TEST(VnDiffArgTest, SplitsAtTheTerminatorOnly) {
+// Only Records8 takes the caller's terminator; a set of no known type
+// makes no lines.
+TEST(VnDiffArgTest, SplitsAtTheTerminatorOfItsTypeOnly) {
   const SplitCase kCases[] = {
-      {"a\nb\n", CVnFileInfo::Text8, 0, 2, "a|b", true},
-      {"a\nb", CVnFileInfo::Text8, 0, 2, "a|b", false},
-      {"\n", CVnFileInfo::Text8, 0, 1, "", true},
-      {"\n\n", CVnFileInfo::Text8, 0, 2, "|", true},
-      {"a\r\nb\r\n", CVnFileInfo::Text8, 0, 2, "a\r|b\r", true},
-      {"a\nb", CVnFileInfo::Text8Alt, 0, 2, "a|b", false},
-      {std::string("a\0b\nc\0", 6), CVnFileInfo::Records8, 0, 2, "a|b\nc", true},
-      {"a;b", CVnFileInfo::Records8, ';', 2, "a|b", false},
-      {std::string("a\0\n\0b\0", 6), CVnFileInfo::Text16, 0, 2, "a|b", false},
-      {std::string("a\0\n\0b", 5), CVnFileInfo::Text16, 0, 1, "a", true},  // odd byte ignored
-      {std::string("a", 1), CVnFileInfo::Text16, 0, 0, "", false},
-      {std::string("\n\0\n\0", 4), CVnFileInfo::Text16, 0, 2, "|", true},
+      {"a\nb\n", CVnFileInfo::Text8, 0, 10, 2, "a|b", true},
+      {"a\nb", CVnFileInfo::Text8, 0, 10, 2, "a|b", false},
+      {"\n", CVnFileInfo::Text8, 0, 10, 1, "", true},
+      {"\n\n", CVnFileInfo::Text8, 0, 10, 2, "|", true},
+      {"a\r\nb\r\n", CVnFileInfo::Text8, 0, 10, 2, "a\r|b\r", true},
+      {"a\nb", CVnFileInfo::Text8Alt, 7, 10, 2, "a|b", false},
+      {std::string("a\0b\nc\0", 6), CVnFileInfo::Records8, 0, 0, 2, "a|b\nc", true},
+      {"a;b", CVnFileInfo::Records8, ';', ';', 2, "a|b", false},
+      {std::string("a\0\n\0b\0", 6), CVnFileInfo::Text16, 0, 10, 2, "a|b", false},
+      {std::string("a\0\n\0b", 5), CVnFileInfo::Text16, 0, 10, 1, "a", true},  // odd byte ignored
+      {std::string("a", 1), CVnFileInfo::Text16, 0, 10, 0, "", false},
+      {std::string("\n\0\n\0", 4), CVnFileInfo::Text16, 0, 10, 2, "|", true},
+      {"a\nb\n", kUnknownType, ';', 0, 0, "", false},
   };
   for (const auto& c : kCases) {
     auto set = MakeSet(c.bytes, c.type, c.eol);
     EXPECT_EQ(c.lines, set.arg->GetLineCount()) << c.joined;
     EXPECT_EQ(c.joined, Joined(*set.arg));
     EXPECT_EQ(c.endingTerminator, set.arg->GetFileInfo().HasEndingTerminator() != 0) << c.joined;
+    EXPECT_EQ(c.eolChar, set.arg->GetFileInfo().m_nEOLChar) << c.joined;
+    EXPECT_EQ(c.type, set.arg->GetFileInfo().GetFileType()) << c.joined;
   }
 }
 
@@ -110,25 +118,8 @@ TEST(VnDiffArgTest, LineRecordsPointIntoTheBuffer) {
   EXPECT_TRUE(wide.arg->GetLines().GetAt(0)->IsWide());
 }
 
-TEST(VnDiffArgTest, ConstructorSetsTheTerminatorByType) {
-  struct {
-    CVnFileInfo::FileType type;
-    unsigned char eol;
-    uint16_t expected;
-  } kCases[] = {
-      {CVnFileInfo::Text8, 0, 10}, {CVnFileInfo::Text8Alt, 7, 10}, {CVnFileInfo::Text16, 0, 10},
-      {CVnFileInfo::Records8, 0, 0}, {CVnFileInfo::Records8, ';', ';'},
-      {static_cast<CVnFileInfo::FileType>(3), ';', 0},
-  };
-  for (const auto& c : kCases) {
-    CVnDiffArg arg(c.type, c.eol);
-    EXPECT_EQ(c.expected, arg.GetFileInfo().m_nEOLChar) << c.type;
-    EXPECT_EQ(static_cast<uint32_t>(c.type), arg.GetFileInfo().m_nFlags);
-  }
-}
-
-// Create with no bytes, or on a set of no known type, changes nothing; a
-// second Create replaces the lines but keeps the ending flag it had.
+// Create with no bytes changes nothing; a second Create replaces the lines
+// but keeps the ending flag it had.
 TEST(VnDiffArgTest, CreateAgainReplacesLinesAndNothingChangesNothing) {
   auto set = MakeSet("a\nb");
   set.arg->Create("x", 0);
@@ -137,11 +128,6 @@ TEST(VnDiffArgTest, CreateAgainReplacesLinesAndNothingChangesNothing) {
   ended.arg->Create("x\ny\nz", 5);
   EXPECT_EQ("x|y|z", Joined(*ended.arg));
   EXPECT_TRUE(ended.arg->GetFileInfo().HasEndingTerminator());
-
-  CVnDiffArg unknown(static_cast<CVnFileInfo::FileType>(3), 10);
-  unknown.Create("a\nb\n", 4);
-  EXPECT_EQ(0, unknown.GetLineCount());
-  EXPECT_FALSE(unknown.GetFileInfo().HasEndingTerminator());
   for (int index : {-1, 2, 1000})
     EXPECT_TRUE(vn::test::RaisesInvalidArg([&] { set.arg->GetLine(index); })) << index;
 }

@@ -61,29 +61,26 @@ TEST(VnDiscardTest, ProvisionalMarksSettleByTheirRun) {
     EXPECT_EQ(c.settled, Resolve(c.marks)) << c.marks << ": " << c.why;
 }
 
-TEST(VnDiscardTest, OnlyMoreThanTheThresholdMakesALineProvisional) {
-  // The source c stands among seven lines without partner.  Five c in the
-  // target (the threshold) keep it; six make it provisional, and deep in the
-  // run it is discarded, so no c of the target keeps a partner.
-  auto source = Letters("123c456");
-  auto five = Letters("ccccc");
-  auto six = Letters("cccccc");
-  EXPECT_EQ("D1,3,0,0 C5,7,2,4 I0,0,5,5", CompareText(source, five));
-  EXPECT_EQ("C1,6,1,6 D7,7,0,0", CompareText(source, six));
-}
-
-TEST(VnDiscardTest, LinesWithoutPartnerNeverReachTheSearch) {
-  // x has no equal line on the other side; it is changed although moving it
-  // would not help, and the lone a pairs with the first a of the target.
-  auto source = Letters("axb");
-  auto target = Letters("ab");
-  EXPECT_EQ("D2,2,0,0", CompareText(source, target));
-}
-
-TEST(VnDiscardTest, PrefixAndSuffixLendNoMatches) {
-  // The inner p equals only the prefix line of the other side: it counts as
-  // matching nothing, and the whole middle is one changed hunk.
-  auto source = Letters("pqpz");
-  auto target = Letters("prz");
-  EXPECT_EQ("C2,2,2,2 D3,3,0,0", CompareText(source, target));
+// Each case shows one rule on the records it leads to.
+TEST(VnDiscardTest, DiscardsShapeTheRecords) {
+  const struct {
+    const char *source, *target, *records, *why;
+  } kCases[] = {
+      // The source c stands among seven lines without partner.  Five c in the
+      // target (the threshold) keep it; six make it provisional, and deep in
+      // the run it is discarded, so no c of the target keeps a partner.
+      {"123c456", "ccccc", "D1,3,0,0 C5,7,2,4 I0,0,5,5", "at the threshold"},
+      {"123c456", "cccccc", "C1,6,1,6 D7,7,0,0", "above the threshold"},
+      // x has no equal line on the other side; it is changed although moving
+      // it would not help, and the lone a pairs with the first a of the target.
+      {"axb", "ab", "D2,2,0,0", "lines without partner never reach the search"},
+      // The inner p equals only the prefix line of the other side: it counts
+      // as matching nothing, and the whole middle is one changed hunk.
+      {"pqpz", "prz", "C2,2,2,2 D3,3,0,0", "prefix and suffix lend no matches"},
+  };
+  for (const auto& c : kCases) {
+    auto source = Letters(c.source);
+    auto target = Letters(c.target);
+    EXPECT_EQ(c.records, CompareText(source, target)) << c.why;
+  }
 }

@@ -11,26 +11,17 @@
 
 namespace {
 
-CVnLineFlags Flags(bool ws, bool ic, bool le) {
-  CVnLineFlags f;
-  f.m_bIgnoreWhitespace = ws;
-  f.m_bIgnoreCase = ic;
-  f.m_bIgnoreLineEnds = le;
-  return f;
-}
+using vn::test::LineFlags;
 
 // A line record over text that the caller keeps alive.
 CVnDiffLine Line(const std::string& bytes, bool wide = false) {
   return CVnDiffLine(reinterpret_cast<const unsigned char*>(bytes.data()), static_cast<uint32_t>(bytes.size()), wide);
 }
 
-// Hashes both lines under the flags, as Compare does, then tests equality.
+// Both lines, in either width, under the flags.
 bool Equal(const std::string& a, const std::string& b, const CVnLineFlags& f, bool wide = false) {
   std::string wa = wide ? vn::test::Widen16(a) : a, wb = wide ? vn::test::Widen16(b) : b;
-  CVnDiffLine la = Line(wa, wide), lb = Line(wb, wide);
-  VnHashLine(la, f);
-  VnHashLine(lb, f);
-  return VnLinesEqual(la, lb, f);
+  return vn::test::LinesEqual(Line(wa, wide), Line(wb, wide), f);
 }
 
 uint32_t Hash(const std::string& text, const CVnLineFlags& f, bool wide = false) {
@@ -50,40 +41,32 @@ struct EqualCase {
 
 }  // namespace
 
-TEST(VnLineIdentityTest, HashHasKnownValues) {
-  const CVnLineFlags none = Flags(false, false, false);
-  EXPECT_EQ(2853781978u, Hash("abc", none));
-  EXPECT_EQ(2853781978u, Hash("abc", none, true));  // same units, same hash in both widths
-  EXPECT_EQ(0u, Hash("", none));
-  EXPECT_EQ(0x61u * 6293815u, Hash("a", none));
-  EXPECT_NE(Hash("ab", none), Hash("ba", none));  // order matters
-  EXPECT_EQ(Hash("\xE9", none), 0xE9u * 6293815u);  // bytes are zero-extended
-}
-
-// Lines of every length up to 40 and around 512 units, with units above
-// 0x7FFF: the hash without flags must match the defined sum unit by unit,
-// and the flagged walk must give the same value when no unit is skipped or
-// folded.
+// Lines of every length up to 40 and around 512 units, with 16-bit units
+// above 0x7FFF and bytes above 0x7F (zero-extended): the hash without flags
+// must match the defined sum unit by unit, in both widths, and the flagged
+// walk must give the same value when no unit is skipped or folded.
 TEST(VnLineIdentityTest, HashWithoutFlagsIsTheDefinedSumAtEveryLength) {
-  const CVnLineFlags none = Flags(false, false, false), ws = Flags(true, false, false);
+  const CVnLineFlags none = LineFlags(false, false, false), ws = LineFlags(true, false, false);
   std::vector<size_t> lengths = {511, 512, 513, 516, 2000};
   for (size_t n = 0; n <= 40; ++n)
     lengths.push_back(n);
   for (size_t n : lengths) {
     std::string narrow, wide;
-    uint32_t expected = 0, pos = 1, weight = 6293815u;
-    for (size_t i = 0; i < n; ++i) {
+    uint32_t expected = 0, expectedNarrow = 0, pos = 1, weight = 6293815u;
+    for (size_t i = 0; i < n; ++i, ++pos, weight *= 6293815u) {
       const unsigned unit = 0x41u + static_cast<unsigned>(i * 7919u % 0xFFBFu);
+      const unsigned byte = 0x21u + static_cast<unsigned>(i * 37u % 0xDEu);
       wide += static_cast<char>(unit & 0xFF);
       wide += static_cast<char>(unit >> 8);
-      narrow += static_cast<char>(0x21 + i * 37 % 0xDE);
-      expected += unit * pos++ * weight;
-      weight *= 6293815u;
+      narrow += static_cast<char>(byte);
+      expected += unit * pos * weight;
+      expectedNarrow += byte * pos * weight;
     }
     CVnDiffLine w = Line(wide, true), w2 = Line(wide, true), b = Line(narrow), b2 = Line(narrow);
     EXPECT_EQ(expected, VnHashLine(w, none)) << n;
+    EXPECT_EQ(expectedNarrow, VnHashLine(b, none)) << n;
     EXPECT_EQ(VnHashLine(w2, ws), w.GetHash()) << n;
-    EXPECT_EQ(VnHashLine(b2, ws), VnHashLine(b, none)) << n;
+    EXPECT_EQ(VnHashLine(b2, ws), b.GetHash()) << n;
   }
 }
 
@@ -106,14 +89,14 @@ TEST(VnLineIdentityTest, HashKernelsAgree) {
 }
 
 TEST(VnLineIdentityTest, SkippedUnitsDoNotMoveTheOthers) {
-  EXPECT_EQ(Hash("ab", Flags(false, false, false)), Hash(" a\t b ", Flags(true, false, false)));
-  EXPECT_EQ(Hash("ab", Flags(false, false, false)), Hash("a\rb\n", Flags(false, false, true)));
-  EXPECT_EQ(Hash("abc", Flags(false, false, false)), Hash("ABC", Flags(false, true, false)));
-  EXPECT_EQ(0u, Hash(" \t ", Flags(true, false, false)));
+  EXPECT_EQ(Hash("ab", LineFlags(false, false, false)), Hash(" a\t b ", LineFlags(true, false, false)));
+  EXPECT_EQ(Hash("ab", LineFlags(false, false, false)), Hash("a\rb\n", LineFlags(false, false, true)));
+  EXPECT_EQ(Hash("abc", LineFlags(false, false, false)), Hash("ABC", LineFlags(false, true, false)));
+  EXPECT_EQ(0u, Hash(" \t ", LineFlags(true, false, false)));
 }
 
 TEST(VnLineIdentityTest, CaseCountsBehindANul) {
-  const CVnLineFlags ic = Flags(false, true, false);
+  const CVnLineFlags ic = LineFlags(false, true, false);
   std::string a("Ab\0C", 4), b("ab\0c", 4), c("aB\0C", 4);
   EXPECT_NE(Hash(a, ic), Hash(b, ic));
   EXPECT_EQ(Hash(a, ic), Hash(c, ic));  // before the NUL case is folded
@@ -149,12 +132,12 @@ TEST(VnLineIdentityTest, EqualityUnderTheFlags) {
   };
   for (bool wide : {false, true})
     for (const auto& c : kCases)
-      EXPECT_EQ(c.equal, Equal(c.a, c.b, Flags(c.ws, c.ic, c.le), wide))
+      EXPECT_EQ(c.equal, Equal(c.a, c.b, LineFlags(c.ws, c.ic, c.le), wide))
           << "'" << c.a << "' vs '" << c.b << "' flags " << c.ws << c.ic << c.le << " wide " << wide;
 }
 
 TEST(VnLineIdentityTest, LengthAndHashDecideBeforeTheBytes) {
-  const CVnLineFlags none = Flags(false, false, false);
+  const CVnLineFlags none = LineFlags(false, false, false);
   std::string a = "abc", b = "abcd";
   CVnDiffLine la = Line(a), lb = Line(b);
   la.SetHash(5);
@@ -168,20 +151,16 @@ TEST(VnLineIdentityTest, LengthAndHashDecideBeforeTheBytes) {
   EXPECT_TRUE(VnLinesEqual(la, lc, none));
 }
 
+// E-acute and its capital: 16-bit lines fold as the platform folds, 8-bit
+// lines A to Z only, the same in hash and walk.
 TEST(VnLineIdentityTest, WideCaseFoldingUsesTheWideRules) {
-  const CVnLineFlags ic = Flags(false, true, false);
-  std::string upper("\xC9\x00", 2), lower("\xE9\x00", 2);  // E-acute, as 16-bit units
-  CVnDiffLine lu = Line(upper, true), ll = Line(lower, true);
-  VnHashLine(lu, ic);
-  VnHashLine(ll, ic);
-  bool foldsLatin1 = VnToLower(static_cast<WCHAR>(0xC9)) == 0xE9;
-  EXPECT_EQ(foldsLatin1, VnLinesEqual(lu, ll, ic));
-  // 8-bit lines fold A to Z only, the same in hash and walk.
+  const CVnLineFlags ic = LineFlags(false, true, false);
+  EXPECT_EQ(VnToLower(static_cast<WCHAR>(0xC9)) == 0xE9, Equal("\xC9", "\xE9", ic, true));
   EXPECT_FALSE(Equal("\xC9", "\xE9", ic));
 }
 
 TEST(VnLineIdentityTest, ClassesFollowFirstAppearance) {
-  const CVnLineFlags none = Flags(false, false, false);
+  const CVnLineFlags none = LineFlags(false, false, false);
   std::string texts[] = {"a", "b", "a", "c", "b"};
   CVnDiffLine lines[5];
   CVnLineSlot slots[5];
@@ -197,7 +176,7 @@ TEST(VnLineIdentityTest, ClassesFollowFirstAppearance) {
 }
 
 TEST(VnLineIdentityTest, HashCollisionsStaySeparateClasses) {
-  const CVnLineFlags none = Flags(false, false, false);
+  const CVnLineFlags none = LineFlags(false, false, false);
   std::string x = "xx", y = "yy", z = "xx";
   CVnDiffLine lx = Line(x), ly = Line(y), lz = Line(z);
   CVnLineSlot sx = {&lx, 0, 77}, sy = {&ly, 1, 77}, sz = {&lz, 2, 77};
@@ -211,7 +190,7 @@ TEST(VnLineIdentityTest, HashCollisionsStaySeparateClasses) {
 }
 
 TEST(VnLineIdentityTest, FullPoolThrowsTheLastVisitedNode) {
-  const CVnLineFlags none = Flags(false, false, false);
+  const CVnLineFlags none = LineFlags(false, false, false);
   std::string a = "a", b = "b";
   CVnDiffLine la = Line(a), lb = Line(b);
   CVnLineSlot sa = {&la, 0, VnHashLine(la, none)}, sb = {&lb, 1, VnHashLine(lb, none)};

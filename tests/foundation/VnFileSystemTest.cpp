@@ -46,19 +46,6 @@ Thrown Failure(LONG code, const CString& file) { return Thrown(code, U8(file)); 
 
 //===-- Names ---------------------------------------------------------------===//
 
-TEST(VnFileSystemTest, RootGetsABackslashOnlyWhenItHasNoEndSeparator) {
-  struct Case {
-    const char *root, *path;
-  } cases[] = {
-      {"c:\\store", "c:\\store\\00001A2B"},
-      {"c:\\store\\", "c:\\store\\00001A2B"},
-      {"c:\\store/", "c:\\store/00001A2B"},
-      {"", "\\00001A2B"},
-  };
-  for (const Case& c : cases)
-    EXPECT_EQ(c.path, U8(CVnFileSystem(W(c.root), 0).GetFilePath(0x1A2B))) << c.root;
-}
-
 TEST(VnFileSystemTest, NamesWriteTheIdInEightUpperCaseHexDigits) {
   const CVnFileSystem store(_T("r"), 5);
   struct Case {
@@ -77,6 +64,10 @@ TEST(VnFileSystemTest, NamesWriteTheIdInEightUpperCaseHexDigits) {
   }
   EXPECT_EQ("r\\00001A2B.txt", U8(store.GetFilePath(0x1A2B, _T("txt"))));
   EXPECT_EQ("r\\00001A2B.", U8(store.GetFilePath(0x1A2B, static_cast<LPCWSTR>(nullptr))));
+  // The root gets a backslash only when it has no end separator.
+  EXPECT_EQ("c:\\s\\00001A2B", U8(CVnFileSystem(_T("c:\\s\\"), 0).GetFilePath(0x1A2B)));
+  EXPECT_EQ("c:\\s/00001A2B", U8(CVnFileSystem(_T("c:\\s/"), 0).GetFilePath(0x1A2B)));
+  EXPECT_EQ("\\00001A2B", U8(CVnFileSystem(_T(""), 0).GetFilePath(0x1A2B)));
 }
 
 TEST(VnFileSystemTest, AnExtensionMustLeaveTheNameWithin260Characters) {

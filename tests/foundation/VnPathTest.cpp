@@ -20,37 +20,30 @@ using namespace vn::test;
 
 //===-- Separators ----------------------------------------------------------===//
 
-TEST(VnPathTest, FindLastSlashCountsBothSeparators) {
+TEST(VnPathTest, SeparatorsOfEitherKindAreFoundTestedAndTrimmedOneAtATime) {
   struct Case {
     const char* path;
-    int offset;  // -1: none
-  } cases[] = {{"a/b\\c", 3}, {"a\\b/c", 3}, {"abc", -1}, {"", -1}, {"\\", 0}, {"a//", 2}};
-  for (const Case& c : cases) {
-    CString p = W(c.path);
-    LPCWSTR at = FindLastSlash(p);
-    EXPECT_EQ(c.offset, at ? static_cast<int>(at - p.GetString()) : -1) << c.path;
-  }
-  EXPECT_EQ(nullptr, FindLastSlash(nullptr));
-}
-
-TEST(VnPathTest, EndSlashesAreTestedAddedAndTrimmedOneAtATime) {
-  struct Case {
-    const char* path;
+    int lastSlash;  // -1: none
     int hasEnd;
     const char* trimmed;
     const char* appended;
   } cases[] = {
-      {"c:\\a/", 1, "c:\\a", "c:\\a/\\"}, {"c:\\a", 0, "c:\\a", "c:\\a\\"}, {"", 0, "", "\\"},
-      {"a\\\\", 1, "a\\", "a\\\\\\"},      {"/", 1, "", "/\\"},              {"a", 0, "a", "a\\"},
+      {"c:\\a/", 4, 1, "c:\\a", "c:\\a/\\"}, {"c:\\a", 2, 0, "c:\\a", "c:\\a\\"}, {"", -1, 0, "", "\\"},
+      {"a\\\\", 2, 1, "a\\", "a\\\\\\"},     {"/", 0, 1, "", "/\\"},           {"a", -1, 0, "a", "a\\"},
+      {"a/b\\c", 3, 0, "a/b\\c", "a/b\\c\\"},
   };
   for (const Case& c : cases) {
-    EXPECT_EQ(c.hasEnd, PathHasEndSlash(W(c.path))) << c.path;
-    CString trimmed = W(c.path), appended = W(c.path);
+    CString p = W(c.path);
+    LPCWSTR at = FindLastSlash(p);
+    EXPECT_EQ(c.lastSlash, at ? static_cast<int>(at - p.GetString()) : -1) << c.path;
+    EXPECT_EQ(c.hasEnd, PathHasEndSlash(p)) << c.path;
+    CString trimmed = p, appended = p;
     TrimEndSlash(trimmed);
     AppendEndSlash(appended);
     EXPECT_EQ(c.trimmed, U8(trimmed)) << c.path;
     EXPECT_EQ(c.appended, U8(appended)) << c.path;
   }
+  EXPECT_EQ(nullptr, FindLastSlash(nullptr));
   EXPECT_EQ(0, PathHasEndSlash(nullptr));
 }
 
@@ -495,6 +488,11 @@ TEST(VnPathTest, PathGettersEndInASeparator) {
     EXPECT_EQ(1, IsDir(*p)) << U8(*p);
   }
   EXPECT_EQ('\\', current[current.GetLength() - 1]);  // added in every case
+#ifdef _WIN32
+  EXPECT_EQ(1, IsFile(app + _T("foundation_tests.exe"))) << U8(app);
+#else
+  EXPECT_EQ(1, IsFile(app + _T("foundation_tests"))) << U8(app);
+#endif
 #ifdef _WIN32
   const CString fsCurrent(std::filesystem::current_path().wstring().c_str());
 #else

@@ -1,13 +1,15 @@
 // VnTimeTest.cpp - tolerance, parts of a value, zone shifts and text forms.
 #include "foundation/VnTime.h"
 
+#include "TestSupport.h"
+
 #include <cmath>
 #include <cstdlib>
 #include <gtest/gtest.h>
 
 namespace {
 
-std::string U8(const CString& s) { return VnToUtf8(s); }
+using vn::test::U8;
 
 const double kMs = 1.0 / 86400000.0;
 
@@ -147,21 +149,18 @@ TEST(VnTimeTest, FormatUTCShowsThePartsThatArePresent) {
 
 #ifndef _WIN32
 // The user's locale texts are the platform's; natively they are US English.
-TEST(VnTimeTest, FormatLocalShiftsOnlyFullMoments) {
-  ZoneScope zone("UTC-2");
-  EXPECT_EQ("", U8(CVnTime(0.0).FormatLocal()));
-  EXPECT_EQ("12:00:00 PM", U8(CVnTime(0.5).FormatLocal()));       // a bare time: no shift
-  EXPECT_EQ("1/14/2004", U8(CVnTime(38000.0).FormatLocal()));     // a bare date: no shift
-  EXPECT_EQ("1/14/2004 2:00:00 PM", U8(CVnTime(38000.5).FormatLocal()));
-}
-
-TEST(VnTimeTest, LocaleDateAndTimeTexts) {
+// FormatLocal shifts only full moments: a bare time or date stays as it is.
+TEST(VnTimeTest, LocaleTextsAndFormatLocal) {
   const CVnTime t(2004, 1, 14, 15, 4, 5);
   EXPECT_EQ("1/14/2004", U8(t.FormatDateLocale(0)));
   EXPECT_EQ("3:04:05 PM", U8(t.FormatTimeLocale(0)));
   EXPECT_EQ("Wednesday, January 14, 2004", U8(t.FormatDateLocale(2)));
+  ZoneScope zone("UTC-2");
+  EXPECT_EQ("", U8(CVnTime(0.0).FormatLocal()));
+  EXPECT_EQ("12:00:00 PM", U8(CVnTime(0.5).FormatLocal()));
+  EXPECT_EQ("1/14/2004", U8(CVnTime(38000.0).FormatLocal()));
+  EXPECT_EQ("1/14/2004 2:00:00 PM", U8(CVnTime(38000.5).FormatLocal()));
 }
-
 #endif
 
 TEST(VnTimeTest, ClockRisesStrictly) {

@@ -1,4 +1,4 @@
-// VnCmdLineTest.cpp - the command line parser: the table of cases, the
+// VnCmdLineTest.cpp - the command line parser: the table of lines, the
 // capacity limits and random lines that must never overrun the array.
 #include "options/VnCmdLine.h"
 
@@ -35,16 +35,11 @@ struct Case {
   std::vector<std::string> args;
 };
 
-void RunTable(const std::vector<Case>& cases) {
-  for (const Case& c : cases) {
-    Parsed p = Parse(c.line, c.capacity);
-    EXPECT_EQ(c.result, p.result) << "line: [" << c.line << "] capacity " << c.capacity;
-    EXPECT_EQ(c.args, p.args) << "line: [" << c.line << "] capacity " << c.capacity;
-  }
-}
-
-TEST(VnCmdLineTest, SplitsAtBlanksAndCountsSurplusAsCapacityPlusOne) {
-  RunTable({
+// The result counts a surplus argument as capacity + 1 and a malformed
+// quote as -1; either way what was stored before stays.
+TEST(VnCmdLineTest, ParsesTheTableOfLines) {
+  const Case cases[] = {
+      // Blanks separate; runs of them are one separator.
       {"", 2, 0, {}},
       {"   ", 2, 0, {}},
       {" \t \r\n", 2, 0, {}},
@@ -55,11 +50,7 @@ TEST(VnCmdLineTest, SplitsAtBlanksAndCountsSurplusAsCapacityPlusOne) {
       {"a b ", 2, 2, {"a", "b"}},
       {"a b  ", 2, 3, {"a", "b"}},
       {"  \tlead", 2, 1, {"lead"}},
-  });
-}
-
-TEST(VnCmdLineTest, QuotedArgumentsKeepBlanksAndMayBeEmpty) {
-  RunTable({
+      // Quoted arguments keep blanks and may be empty.
       {"\"a b\" c", 2, 2, {"a b", "c"}},
       {"\"a b\"", 2, 1, {"a b"}},
       {"\"\"", 2, 1, {""}},
@@ -68,47 +59,36 @@ TEST(VnCmdLineTest, QuotedArgumentsKeepBlanksAndMayBeEmpty) {
       {"\"a\" ", 2, 1, {"a"}},
       {"\"a\"   b", 2, 2, {"a", "b"}},
       {"\"a\tb\"", 2, 1, {"a\tb"}},
-  });
-}
-
-TEST(VnCmdLineTest, MalformedQuotesGiveMinusOneAndKeepWhatWasStored) {
-  RunTable({
+      // Malformed quotes.
       {"\"a", 2, -1, {}},
       {"\"a\"b", 2, -1, {"a"}},
       {"x \"unclosed", 2, -1, {"x"}},
       {"\"a\"\tb", 2, -1, {"a"}},
       {"\"", 2, -1, {}},
-  });
-}
-
-TEST(VnCmdLineTest, QuotesInsidePlainArgumentsAreOrdinary) {
-  RunTable({
+      // Quotes inside plain arguments are ordinary.
       {"x y\"z w", 2, 3, {"x", "y\"z"}},
       {"a\"b c", 2, 2, {"a\"b", "c"}},
       {"ab\" c", 2, 2, {"ab\"", "c"}},
-  });
-}
-
-TEST(VnCmdLineTest, OnlyTheBlankSeparates) {
-  RunTable({
+      // Only the blank separates.  A tab at the start of a piece is trimmed
+      // and a piece of tabs only is none, but in the last piece of a line
+      // even a leading tab stays.
       {"a\tb", 2, 1, {"a\tb"}},
-      // A tab at the start of a piece is trimmed; a piece of tabs only is none.
       {"a \tb c", 3, 3, {"a", "b", "c"}},
       {"a \t c", 3, 2, {"a", "c"}},
-      // In the last piece of a line even a leading tab stays.
       {"a b \tc", 3, 3, {"a", "b", "\tc"}},
-  });
-}
-
-TEST(VnCmdLineTest, CapacityZeroAndThree) {
-  RunTable({
+      // Capacities zero and three.
       {"", 0, 0, {}},
       {"   ", 0, 0, {}},
       {"a", 0, 1, {}},
       {"\"", 0, 1, {}},
       {"a b  ", 3, 2, {"a", "b"}},
       {"a b c", 3, 3, {"a", "b", "c"}},
-  });
+  };
+  for (const Case& c : cases) {
+    Parsed p = Parse(c.line, c.capacity);
+    EXPECT_EQ(c.result, p.result) << "line: [" << c.line << "] capacity " << c.capacity;
+    EXPECT_EQ(c.args, p.args) << "line: [" << c.line << "] capacity " << c.capacity;
+  }
 }
 
 TEST(VnCmdLineTest, CallerFaultsGiveMinusOne) {

@@ -1,4 +1,6 @@
-// CRichEditCtrlTest.cpp - the real rich edit control, driven by its messages.
+// CRichEditCtrlTest.cpp - the real rich edit control, driven by its messages:
+// lines, selections and lengths.  Clearing, placing characters and formats
+// are shown through the panes (tests/window).
 #include "afx/win32/CRichEditCtrl.h"
 
 #include <gtest/gtest.h>
@@ -60,41 +62,6 @@ TEST_F(CRichEditCtrlTest, TextLengthInCharactersOrWithCrLfMarks) {
     m_edit.SetWindowText(c.text);
     EXPECT_EQ(c.characters, m_edit.GetTextLengthEx(GTL_NUMCHARS | GTL_PRECISE));
     EXPECT_EQ(c.withCrLf, m_edit.GetTextLengthEx(GTL_NUMCHARS | GTL_PRECISE | GTL_USECRLF));
-  }
-}
-
-TEST_F(CRichEditCtrlTest, ClearsTheSelectionAndPlacesCharacters) {
-  m_edit.SetWindowText(L"abc\r\ndef");
-  m_edit.SetSel(1, 2);
-  m_edit.Clear();
-  EXPECT_EQ(6, m_edit.GetTextLengthEx(GTL_NUMCHARS | GTL_PRECISE));  // "ac", the mark, "def"
-  CPoint first = m_edit.PosFromChar(0), second = m_edit.PosFromChar(1), below = m_edit.PosFromChar(3);
-  EXPECT_EQ(first.y, second.y);
-  EXPECT_LT(first.x, second.x);
-  EXPECT_GT(below.y, first.y);
-  EXPECT_EQ(first.x, below.x);
-}
-
-TEST_F(CRichEditCtrlTest, CharacterFormatOfTheSelectionRoundTrips) {
-  m_edit.SetWindowText(L"plain red");
-  m_edit.SetSel(6, 9);
-  CHARFORMATW red = {};
-  red.dwMask = CFM_COLOR | CFM_STRIKEOUT;
-  red.dwEffects = CFE_STRIKEOUT;
-  red.crTextColor = 0x0000FF;
-  EXPECT_TRUE(m_edit.SetSelectionCharFormat(red));
-  EXPECT_EQ(sizeof(CHARFORMATW), red.cbSize);
-  const struct { long start, end; bool uniform, struck; } cases[] = {
-      {6, 9, true, true}, {0, 5, true, false}, {0, 9, false, false}};
-  for (const auto& c : cases) {
-    SCOPED_TRACE(c.start);
-    m_edit.SetSel(c.start, c.end);
-    CHARFORMATW read = {};
-    m_edit.GetSelectionCharFormat(read);
-    EXPECT_EQ(c.uniform, (read.dwMask & CFM_COLOR) != 0);
-    if (c.uniform) {
-      EXPECT_EQ(c.struck, read.crTextColor == 0x0000FF && (read.dwEffects & CFE_STRIKEOUT) != 0);
-    }
   }
 }
 
