@@ -249,7 +249,11 @@ void CVnMergeFrame::Fill() {
   const CVnDiffArg& base = m_pMerge->GetFile(CVnMerge::Base).GetLines();
   const CHARFORMATW* fromLocal = &GetInsertCharFormat();
   const CHARFORMATW* fromRemote = &GetReplaceCharFormat();
-  const CHARFORMATW* conflict = &GetDeleteCharFormat();
+  // The delete colour without its strike-through: a conflict's lines are
+  // not gone, they wait for a choice.
+  CHARFORMATW conflictFormat = GetDeleteCharFormat();
+  conflictFormat.dwEffects &= ~CFE_STRIKEOUT;
+  const CHARFORMATW* conflict = &conflictFormat;
   PaneRows left, right, merged;
   m_layout = CVnMergeLayout();
   m_conflicts.clear();
