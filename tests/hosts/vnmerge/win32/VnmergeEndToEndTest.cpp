@@ -24,7 +24,7 @@
 
 namespace {
 
-const UINT kMergeRemote = 32781, kMergeLocalThenRemote = 32782, kNextConflict = 32771;
+const UINT kMergeLocal = 32780, kMergeRemote = 32781, kMergeLocalThenRemote = 32782, kNextConflict = 32771;
 const UINT kPane = AFX_IDW_PANE_FIRST, kMergedPane = AFX_IDW_PANE_FIRST + 16;
 
 std::wstring ToolPath() {
@@ -302,4 +302,30 @@ TEST(VnmergeEndToEndTest, BadInputEndsWithStatusTwoAndWritesNothing) {
     EXPECT_EQ(2u, tool.Wait()) << std::string(arguments.begin(), arguments.end());
   }
   EXPECT_EQ((std::set<std::wstring>{L"base.txt", L"local.txt", L"remote.txt"}), Names(files.dir.Path()));
+}
+
+// Without a base every difference is a conflict.  Next Conflict moves the
+// selection in all three panes, and a choice there counts down the status.
+TEST(VnmergeEndToEndTest, TwoWayMergeStepsThroughItsConflicts) {
+  Triple files;
+  SetEditor(false);
+  auto q = [](const CString& s) { return L"\"" + std::wstring(s.GetString()) + L"\""; };
+  Tool tool(q(files.local) + L" " + q(files.remote) + L" -o " + q(files.merged));
+  ASSERT_TRUE(tool.frame);
+  EXPECT_EQ(L"3 conflicts left", tool.Conflicts(L"3 conflicts left"));
+  EXPECT_EQ(std::make_pair(1L, 1L), tool.Selected(0));
+  EXPECT_EQ(std::make_pair(1L, 5L), tool.Selected(2));
+  ::SendMessageW(tool.frame, WM_COMMAND, kNextConflict, 0);
+  EXPECT_EQ(std::make_pair(4L, 5L), tool.Selected(0));
+  EXPECT_EQ(std::make_pair(4L, 5L), tool.Selected(1));
+  EXPECT_EQ(std::make_pair(8L, 13L), tool.Selected(2));
+  ::SendMessageW(tool.frame, WM_COMMAND, kMergeLocal, 0);
+  EXPECT_EQ(L"2 conflicts left", tool.Conflicts(L"2 conflicts left"));
+  std::vector<std::wstring> rows = tool.Rows(2);
+  ASSERT_GE(rows.size(), 11u);
+  EXPECT_EQ((std::vector<std::wstring>{L"line 4", L"local five a", L"local five b", L"line 6"}),
+            std::vector<std::wstring>(rows.begin() + 7, rows.begin() + 11));
+  ::PostMessageW(tool.frame, WM_CLOSE, 0, 0);
+  EXPECT_EQ(1u, tool.Wait());
+  CVnRegistry().DeleteSection(HKEY_CURRENT_USER, L"Software\\VnReconcile", L"vnmerge");
 }
