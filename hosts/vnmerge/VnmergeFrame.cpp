@@ -217,6 +217,15 @@ int CVnMergeFrame::DoDiff() {
     if (!merge->Open(CVnMerge::Local, m_strLocal) || (!m_strBase.IsEmpty() && !merge->Open(CVnMerge::Base, m_strBase)) ||
         !merge->Open(CVnMerge::Remote, m_strRemote))
       return 0;
+    // Lines of bytes merged into text would make a file nobody asked for:
+    // a binary side the user let through still ends the run.
+    for (CVnMerge::Side side : {CVnMerge::Local, CVnMerge::Base, CVnMerge::Remote}) {
+      const CString& path = side == CVnMerge::Local ? m_strLocal : side == CVnMerge::Base ? m_strBase : m_strRemote;
+      if (!path.IsEmpty() && merge->GetFile(side).GetIntake().IsBinary()) {
+        AfxMessageBox(path + _T(": a binary file; vnmerge merges text only"), MB_ICONSTOP);
+        return 0;
+      }
+    }
     if (!merge->Merge(why)) {
       AfxMessageBox(why, MB_ICONSTOP);
       return 0;

@@ -287,6 +287,8 @@ TEST(VnmergeEndToEndTest, ClosedWithoutSavingEndsWithStatusOne) {
 TEST(VnmergeEndToEndTest, BadInputEndsWithStatusTwoAndWritesNothing) {
   Triple files;
   SetEditor(false);
+  const CString binary = files.dir.Path() + _T("binary.bin");
+  WriteFile(binary, std::string("line 1\n\0\1\2\3 bytes\n", 16));
   auto q = [](const CString& s) { return L"\"" + std::wstring(s.GetString()) + L"\""; };
   const std::wstring three = q(files.base) + L" " + q(files.local) + L" " + q(files.remote);
   const std::wstring cases[] = {
@@ -295,13 +297,17 @@ TEST(VnmergeEndToEndTest, BadInputEndsWithStatusTwoAndWritesNothing) {
       L"--headless " + three,                                   // no -o
       L"--headless " + q(files.local) + L" -o " + q(files.merged),  // one side only
       L"--headless --no-such-option " + three + L" -o " + q(files.merged),
+      // The binary question's default answer lets it through; the tool
+      // still refuses it.
+      L"--headless " + q(files.base) + L" " + q(binary) + L" " + q(files.remote) + L" -o " + q(files.merged),
   };
   for (const std::wstring& arguments : cases) {
     Tool tool(arguments);
     EXPECT_EQ(nullptr, tool.frame) << std::string(arguments.begin(), arguments.end());
     EXPECT_EQ(2u, tool.Wait()) << std::string(arguments.begin(), arguments.end());
   }
-  EXPECT_EQ((std::set<std::wstring>{L"base.txt", L"local.txt", L"remote.txt"}), Names(files.dir.Path()));
+  EXPECT_EQ((std::set<std::wstring>{L"base.txt", L"local.txt", L"remote.txt", L"binary.bin"}),
+            Names(files.dir.Path()));
 }
 
 // Without a base every difference is a conflict.  Next Conflict moves the
