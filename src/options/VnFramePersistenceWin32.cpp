@@ -7,6 +7,8 @@
 //   DisplayOptions  TabSize, FontHeight, FontFaceName (a string),
 //                   ShowLineNum, ShowDiffOnly, DisplayToolBar, DisplayStatusBar
 //   ColorOptions    Default, Replace, Insert, Delete
+//   MergeOptions    EditMergedFile (0 or 1), Editor (a string: the command
+//                   a merge tool runs on the merged file after saving it)
 //
 // Every read takes the frame's present value as its default, so a first run
 // with no tree keeps the constructor's values (and showCmd 1).  Nothing is
@@ -94,6 +96,11 @@ void CVnReconcileFrame::GetOptionsFromRegistry() {
   m_cfInsert.crTextColor = registry.GetInt(L"Insert", m_cfInsert.crTextColor);
   m_cfDelete.crTextColor = registry.GetInt(L"Delete", m_cfDelete.crTextColor);
   registry.CloseSection();
+
+  registry.OpenSection(L"MergeOptions");
+  m_bEditMergedFile = registry.GetInt(L"EditMergedFile", m_bEditMergedFile) ? 1 : 0;
+  m_strEditor = registry.GetString(L"Editor", m_strEditor);
+  registry.CloseSection();
 }
 
 //===-- Writing ------------------------------------------------------------===//
@@ -124,6 +131,11 @@ void CVnReconcileFrame::SaveOptionsIntoRegistry() {
   registry.PutInt(L"Replace", m_cfReplace.crTextColor);
   registry.PutInt(L"Insert", m_cfInsert.crTextColor);
   registry.PutInt(L"Delete", m_cfDelete.crTextColor);
+  registry.CloseSection();
+
+  registry.OpenSection(L"MergeOptions");
+  registry.PutBool(L"EditMergedFile", m_bEditMergedFile);
+  registry.PutString(L"Editor", m_strEditor);
   registry.CloseSection();
 }
 

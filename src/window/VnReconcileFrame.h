@@ -22,7 +22,7 @@
 // OnFindNext and their update handlers to its own command identifiers.
 //
 // Options persist in the registry below the application's registry key,
-// sections "Display", "DisplayOptions" and "ColorOptions": read at the start
+// sections "Display", "DisplayOptions", "ColorOptions" and "MergeOptions": read at the start
 // of DiffAndDisplay, written in OnClose when the window is visible.
 #ifndef VN_WINDOW_VNRECONCILEFRAME_H
 #define VN_WINDOW_VNRECONCILEFRAME_H

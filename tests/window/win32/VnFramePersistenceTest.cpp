@@ -86,6 +86,26 @@ TEST_F(FramePersistenceTest, TheValuesOneFrameWritesTheNextReadsBack) {
   EXPECT_EQ(-20, second.Placement().rcNormalPosition.left);
 }
 
+// The merged-file editor settings: a stored 0 turns the constructor's 1
+// off, a stored 5 counts as set; the editor comes back as it was written.
+TEST_F(FramePersistenceTest, TheMergeOptionsAreWrittenAndReadBack) {
+  PutDword(L"MergeOptions", L"EditMergedFile", 0);
+  TestFrame first, second, third;
+  ASSERT_TRUE(first.Make(false) && second.Make(false) && third.Make(false));
+  ASSERT_EQ(7, first.DiffAndDisplay());
+  EXPECT_EQ(0, first.m_bEditMergedFile);
+  first.m_strEditor = L"\"C:\\Tools\\ed.exe\" -n";
+  FrameTestApp::Clear();
+  first.SendMessage(WM_CLOSE);
+  EXPECT_EQ(0u, GetDword(L"MergeOptions", L"EditMergedFile"));
+  ASSERT_EQ(7, second.DiffAndDisplay());
+  EXPECT_EQ(0, second.m_bEditMergedFile);
+  EXPECT_EQ(CString(L"\"C:\\Tools\\ed.exe\" -n"), second.m_strEditor);
+  PutDword(L"MergeOptions", L"EditMergedFile", 5);
+  ASSERT_EQ(7, third.DiffAndDisplay());
+  EXPECT_EQ(1, third.m_bEditMergedFile);
+}
+
 // Font, its resize on a visible window, tab stops, line numbers, bars, the
 // differences-only view, the hidden window's resize: each step runs when
 // its values changed or, but for the view, when forced.  The toolbar is
