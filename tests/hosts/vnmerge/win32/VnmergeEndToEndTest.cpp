@@ -210,7 +210,7 @@ TEST(VnmergeEndToEndTest, ResolvesTheConflictFromTheMenuAndSaves) {
       L"local five b", L"=======", L"remote five", L">>>>>>> REMOTE", L"line 6", L"line 7",
       L"line 8", L"remote nine", L"line 10"};
   EXPECT_EQ(marked, tool.Rows(2));
-  EXPECT_EQ(L"1 conflicts left", tool.Conflicts(L"1 conflicts left"));
+  EXPECT_EQ(L"Conflicts left: 1", tool.Conflicts(L"Conflicts left: 1"));
 
   // The tool opens on the conflict, selected in all three panes.
   EXPECT_EQ(std::make_pair(4L, 5L), tool.Selected(0));
@@ -318,7 +318,7 @@ TEST(VnmergeEndToEndTest, TwoWayMergeStepsThroughItsConflicts) {
   auto q = [](const CString& s) { return L"\"" + std::wstring(s.GetString()) + L"\""; };
   Tool tool(q(files.local) + L" " + q(files.remote) + L" -o " + q(files.merged));
   ASSERT_TRUE(tool.frame);
-  EXPECT_EQ(L"3 conflicts left", tool.Conflicts(L"3 conflicts left"));
+  EXPECT_EQ(L"Conflicts left: 3", tool.Conflicts(L"Conflicts left: 3"));
   EXPECT_EQ(std::make_pair(1L, 1L), tool.Selected(0));
   EXPECT_EQ(std::make_pair(1L, 5L), tool.Selected(2));
   ::SendMessageW(tool.frame, WM_COMMAND, kNextConflict, 0);
@@ -326,7 +326,7 @@ TEST(VnmergeEndToEndTest, TwoWayMergeStepsThroughItsConflicts) {
   EXPECT_EQ(std::make_pair(4L, 5L), tool.Selected(1));
   EXPECT_EQ(std::make_pair(8L, 13L), tool.Selected(2));
   ::SendMessageW(tool.frame, WM_COMMAND, kMergeLocal, 0);
-  EXPECT_EQ(L"2 conflicts left", tool.Conflicts(L"2 conflicts left"));
+  EXPECT_EQ(L"Conflicts left: 2", tool.Conflicts(L"Conflicts left: 2"));
   std::vector<std::wstring> rows = tool.Rows(2);
   ASSERT_GE(rows.size(), 11u);
   EXPECT_EQ((std::vector<std::wstring>{L"line 4", L"local five a", L"local five b", L"line 6"}),
