@@ -14,24 +14,6 @@
 
 namespace {
 
-// The tool's own words and the library's, to standard error as UTF-8.
-void WriteError(LPCWSTR text) {
-  HANDLE error = ::GetStdHandle(STD_ERROR_HANDLE);
-  if (!error || error == INVALID_HANDLE_VALUE)
-    return;
-  int size = ::WideCharToMultiByte(CP_UTF8, 0, text, -1, nullptr, 0, nullptr, nullptr);
-  std::string bytes(size > 0 ? size - 1 : 0, '\0');
-  ::WideCharToMultiByte(CP_UTF8, 0, text, -1, &bytes[0], size, nullptr, nullptr);
-  bytes += "\n";
-  DWORD written = 0;
-  ::WriteFile(error, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr);
-}
-
-int HeadlessPrompt(LPCWSTR text, UINT type, UINT) {
-  WriteError((type & MB_ICONMASK) == MB_ICONINFORMATION ? CString(text) : CString(L"vncompare: ") + text);
-  return VnDefaultAnswer(type);
-}
-
 struct Arguments {
   CString files[2];
   int fileCount = 0;
@@ -84,7 +66,7 @@ public:
     if (count < 0)
       bad = L"(an unclosed quote)";
     if (arguments.headless)
-      VnSetPromptHandler(&HeadlessPrompt);
+      VnUseHeadlessPrompt(L"vncompare");
     CString usage = LoadLocalString(::GetModuleHandleW(nullptr), IDS_USAGE);
     if (arguments.help) {
       AfxMessageBox(usage, MB_ICONINFORMATION);

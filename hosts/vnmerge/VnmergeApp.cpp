@@ -14,23 +14,6 @@
 
 namespace {
 
-void WriteError(LPCWSTR text) {
-  HANDLE error = ::GetStdHandle(STD_ERROR_HANDLE);
-  if (!error || error == INVALID_HANDLE_VALUE)
-    return;
-  int size = ::WideCharToMultiByte(CP_UTF8, 0, text, -1, nullptr, 0, nullptr, nullptr);
-  std::string bytes(size > 0 ? size - 1 : 0, '\0');
-  ::WideCharToMultiByte(CP_UTF8, 0, text, -1, &bytes[0], size, nullptr, nullptr);
-  bytes += "\n";
-  DWORD written = 0;
-  ::WriteFile(error, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr);
-}
-
-int HeadlessPrompt(LPCWSTR text, UINT type, UINT) {
-  WriteError((type & MB_ICONMASK) == MB_ICONINFORMATION ? CString(text) : CString(L"vnmerge: ") + text);
-  return VnDefaultAnswer(type);
-}
-
 struct Arguments {
   CString files[3];
   int fileCount = 0;
@@ -81,7 +64,7 @@ public:
     if (count < 0)
       bad = L"an unclosed quote";
     if (arguments.headless)
-      VnSetPromptHandler(&HeadlessPrompt);
+      VnUseHeadlessPrompt(L"vnmerge");
     if (arguments.help) {
       AfxMessageBox(LoadLocalString(::GetModuleHandleW(nullptr), IDS_USAGE), MB_ICONINFORMATION);
       m_nStatus = 0;

@@ -37,6 +37,11 @@ protected:
   int ParseCmdLine(CString* args, int capacity);
 };
 
+// For a host run where nobody watches the screen: every message goes to
+// standard error as "program: text" (an information message as it stands)
+// and every question takes its default answer, so no box ever waits.
+VN_API void VnUseHeadlessPrompt(LPCWSTR programName);
+
 #endif  // _WIN32
 
 #endif  // VN_OPTIONS_VNRECONCILEAPP_H

@@ -3,6 +3,7 @@
 // files in its panes and closes on WM_CLOSE; the compare tool of the
 // unpacked zip starts with nothing beside it but the zip's own DLL; and the
 // hosts carry the component's version.
+#include "HostProcess.h"
 #include "TestSupport.h"
 
 #include "afx/win32/AfxRes.h"
@@ -32,50 +33,13 @@ void Write(const CString& path, const char* text) {
 
 // A program started with its arguments, and its first visible top-level
 // window that is not a dialog.
-struct Program {
-  PROCESS_INFORMATION process = {};
-  HWND frame = nullptr;
-
-  Program(const std::wstring& path, const std::wstring& arguments) {
-    std::wstring line = L"\"" + path + L"\" " + arguments;
-    STARTUPINFOW startup = {};
-    startup.cb = sizeof(startup);
-    if (!::CreateProcessW(nullptr, &line[0], nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup, &process))
-      return;
-    for (int tries = 0; tries < 600 && !frame; ++tries) {
-      if (::WaitForSingleObject(process.hProcess, 50) == WAIT_OBJECT_0)
-        break;
-      ::EnumWindows(&Match, reinterpret_cast<LPARAM>(this));
-    }
-    if (frame)
-      ::WaitForInputIdle(process.hProcess, 20000);
-  }
-  ~Program() {
-    if (process.hProcess && ::WaitForSingleObject(process.hProcess, 0) == WAIT_TIMEOUT)
-      ::TerminateProcess(process.hProcess, 99);
-    ::CloseHandle(process.hProcess);
-    ::CloseHandle(process.hThread);
-  }
-  static BOOL CALLBACK Match(HWND hWnd, LPARAM lParam) {
-    auto* program = reinterpret_cast<Program*>(lParam);
-    DWORD pid = 0;
-    ::GetWindowThreadProcessId(hWnd, &pid);
-    wchar_t cls[16] = {};
-    ::GetClassNameW(hWnd, cls, 16);
-    if (pid != program->process.dwProcessId || !::IsWindowVisible(hWnd) || ::GetWindow(hWnd, GW_OWNER) ||
-        std::wstring(cls) == L"#32770")
-      return TRUE;
-    program->frame = hWnd;
-    return FALSE;
-  }
+struct Program : vn::test::HostProcess {
+  Program(const std::wstring& path, const std::wstring& arguments) : HostProcess(path, arguments) {}
   // Closes the window as its close box does; the exit status, 99 if the
   // program did not end.
   DWORD Close() {
     ::PostMessageW(frame, WM_CLOSE, 0, 0);
-    DWORD code = 99;
-    if (::WaitForSingleObject(process.hProcess, 30000) == WAIT_OBJECT_0)
-      ::GetExitCodeProcess(process.hProcess, &code);
-    return code;
+    return Wait();
   }
   // The text pane of a column: splitter, pane, then its child of the same id.
   HWND TextPane(int column) const {

@@ -4,6 +4,7 @@
 // left; its About box; its options, encodings and printing; and its
 // answers to bad command lines and missing files.
 #include "DialogDriver.h"
+#include "HostProcess.h"
 #include "PrintDialogs.h"
 #include "Screenshot.h"
 #include "TestSupport.h"
@@ -55,48 +56,8 @@ void WritePair(const std::wstring& oldPath, const std::wstring& newPath) {
   }
 }
 
-struct Tool {
-  PROCESS_INFORMATION process = {};
-  HWND frame = nullptr;
-
-  explicit Tool(const std::wstring& arguments) {
-    std::wstring line = L"\"" + ToolPath() + L"\" " + arguments;
-    STARTUPINFOW startup = {sizeof(startup)};
-    if (!::CreateProcessW(nullptr, &line[0], nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup, &process))
-      return;
-    // A tool that ends early shows no window: stop looking then.
-    for (int tries = 0; tries < 600 && !frame; ++tries) {
-      if (::WaitForSingleObject(process.hProcess, 50) == WAIT_OBJECT_0)
-        break;
-      ::EnumWindows(&Match, reinterpret_cast<LPARAM>(this));
-    }
-    if (frame)
-      ::WaitForInputIdle(process.hProcess, 20000);
-  }
-  ~Tool() {
-    if (process.hProcess && ::WaitForSingleObject(process.hProcess, 0) == WAIT_TIMEOUT)
-      ::TerminateProcess(process.hProcess, 99);
-    ::CloseHandle(process.hProcess);
-    ::CloseHandle(process.hThread);
-  }
-  static BOOL CALLBACK Match(HWND hWnd, LPARAM lParam) {
-    auto* tool = reinterpret_cast<Tool*>(lParam);
-    DWORD pid = 0;
-    ::GetWindowThreadProcessId(hWnd, &pid);
-    wchar_t cls[16] = {};
-    ::GetClassNameW(hWnd, cls, 16);
-    if (pid != tool->process.dwProcessId || !::IsWindowVisible(hWnd) || ::GetWindow(hWnd, GW_OWNER) ||
-        std::wstring(cls) == L"#32770")
-      return TRUE;
-    tool->frame = hWnd;
-    return FALSE;
-  }
-  DWORD Wait() {
-    DWORD code = 99;
-    if (::WaitForSingleObject(process.hProcess, 30000) == WAIT_OBJECT_0)
-      ::GetExitCodeProcess(process.hProcess, &code);
-    return code;
-  }
+struct Tool : vn::test::HostProcess {
+  explicit Tool(const std::wstring& arguments) : HostProcess(ToolPath(), arguments) {}
   // The text pane of column c: splitter, pane, then its child of the same id.
   HWND TextPane(int column) const {
     HWND splitter = ::GetDlgItem(frame, AFX_IDW_PANE_FIRST);

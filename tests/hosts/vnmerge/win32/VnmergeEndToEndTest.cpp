@@ -4,6 +4,7 @@
 // merged file saved and the exit status read; a save that keeps the
 // conflict; and bad command lines that must write nothing.
 #include "DialogDriver.h"
+#include "HostProcess.h"
 #include "Screenshot.h"
 #include "TestSupport.h"
 
@@ -76,47 +77,8 @@ struct Triple {
   }
 };
 
-struct Tool {
-  PROCESS_INFORMATION process = {};
-  HWND frame = nullptr;
-
-  explicit Tool(const std::wstring& arguments) {
-    std::wstring line = L"\"" + ToolPath() + L"\" " + arguments;
-    STARTUPINFOW startup = {sizeof(startup)};
-    if (!::CreateProcessW(nullptr, &line[0], nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup, &process))
-      return;
-    for (int tries = 0; tries < 600 && !frame; ++tries) {
-      if (::WaitForSingleObject(process.hProcess, 50) == WAIT_OBJECT_0)
-        break;
-      ::EnumWindows(&Match, reinterpret_cast<LPARAM>(this));
-    }
-    if (frame)
-      ::WaitForInputIdle(process.hProcess, 20000);
-  }
-  ~Tool() {
-    if (process.hProcess && ::WaitForSingleObject(process.hProcess, 0) == WAIT_TIMEOUT)
-      ::TerminateProcess(process.hProcess, 99);
-    ::CloseHandle(process.hProcess);
-    ::CloseHandle(process.hThread);
-  }
-  static BOOL CALLBACK Match(HWND hWnd, LPARAM lParam) {
-    auto* tool = reinterpret_cast<Tool*>(lParam);
-    DWORD pid = 0;
-    ::GetWindowThreadProcessId(hWnd, &pid);
-    wchar_t cls[16] = {};
-    ::GetClassNameW(hWnd, cls, 16);
-    if (pid != tool->process.dwProcessId || !::IsWindowVisible(hWnd) || ::GetWindow(hWnd, GW_OWNER) ||
-        std::wstring(cls) == L"#32770")
-      return TRUE;
-    tool->frame = hWnd;
-    return FALSE;
-  }
-  DWORD Wait() {
-    DWORD code = 99;
-    if (::WaitForSingleObject(process.hProcess, 30000) == WAIT_OBJECT_0)
-      ::GetExitCodeProcess(process.hProcess, &code);
-    return code;
-  }
+struct Tool : vn::test::HostProcess {
+  explicit Tool(const std::wstring& arguments) : HostProcess(ToolPath(), arguments) {}
   // 0 LOCAL and 1 REMOTE in the nested splitter, 2 the merged pane below;
   // a text pane has its pane's identifier.
   HWND TextPane(int k) const {
