@@ -7,10 +7,38 @@
 
 #include <windows.h>
 
+#include <cwchar>
+
 #include <string>
+#include <vector>
 
 namespace vn {
 namespace test {
+
+// The text of a window of any process, as WM_GETTEXT gives it.
+inline std::wstring WindowText(HWND window) {
+  int length = static_cast<int>(::SendMessageW(window, WM_GETTEXTLENGTH, 0, 0));
+  std::wstring text(length + 1, L'\0');
+  ::SendMessageW(window, WM_GETTEXT, length + 1, reinterpret_cast<LPARAM>(&text[0]));
+  text.resize(wcslen(text.c_str()));
+  return text;
+}
+
+// The rows of an edit control of any process, split at CR LF, CR or LF.
+inline std::vector<std::wstring> ControlRows(HWND edit) {
+  const std::wstring text = WindowText(edit);
+  std::vector<std::wstring> rows(1);
+  for (size_t i = 0; i < text.size(); ++i) {
+    if (text[i] == L'\r' || text[i] == L'\n') {
+      if (text[i] == L'\r' && i + 1 < text.size() && text[i + 1] == L'\n')
+        ++i;
+      rows.emplace_back();
+    } else {
+      rows.back() += text[i];
+    }
+  }
+  return rows;
+}
 
 class HostProcess {
 public:

@@ -11,6 +11,7 @@
 
 #include "afx/win32/AfxMsgMap.h"
 #include "afx/win32/CImageList.h"
+#include "toolkit/VnDragImage.h"
 
 IMPLEMENT_DYNAMIC(CVnListCtrl, CListCtrl)
 
@@ -160,10 +161,7 @@ void CVnListCtrl::OnItemDrop(int dragged, int target) {
 
 void CVnListCtrl::OnBeginDragImage(int item, const CPoint& point) {
   m_pDragImage = OnCreateDragImage(item);
-  if (!m_pDragImage)
-    return;
-  m_pDragImage->BeginDrag(0, CPoint(0, 0));
-  CImageList::DragEnter(this, point);
+  VnShowDragImage(m_pDragImage, this, point);
 }
 
 void CVnListCtrl::OnMoveDragImage(const CPoint& point) {
@@ -171,11 +169,4 @@ void CVnListCtrl::OnMoveDragImage(const CPoint& point) {
     CImageList::DragMove(point);
 }
 
-void CVnListCtrl::OnEndDragImage() {
-  if (!m_pDragImage)
-    return;
-  CImageList::DragLeave(this);
-  CImageList::EndDrag();
-  delete m_pDragImage;
-  m_pDragImage = nullptr;
-}
+void CVnListCtrl::OnEndDragImage() { VnEndDragImage(m_pDragImage, this); }

@@ -17,6 +17,7 @@
 
 #include "afx/win32/AfxMsgMap.h"
 #include "afx/win32/CImageList.h"
+#include "toolkit/VnDragImage.h"
 
 IMPLEMENT_DYNAMIC(CVnTreeCtrl, CTreeCtrl)
 
@@ -280,10 +281,7 @@ void CVnTreeCtrl::OnCancelMode() {
 
 void CVnTreeCtrl::OnBeginDragImage(HTREEITEM item, const CPoint& point) {
   m_pDragImage = OnCreateDragImage(item);
-  if (!m_pDragImage)
-    return;
-  m_pDragImage->BeginDrag(0, CPoint(0, 0));
-  CImageList::DragEnter(this, point);
+  VnShowDragImage(m_pDragImage, this, point);
 }
 
 void CVnTreeCtrl::OnMoveDragImage(const CPoint& point) {
@@ -291,14 +289,7 @@ void CVnTreeCtrl::OnMoveDragImage(const CPoint& point) {
     CImageList::DragMove(point);
 }
 
-void CVnTreeCtrl::OnEndDragImage() {
-  if (!m_pDragImage)
-    return;
-  CImageList::DragLeave(this);
-  CImageList::EndDrag();
-  delete m_pDragImage;
-  m_pDragImage = nullptr;
-}
+void CVnTreeCtrl::OnEndDragImage() { VnEndDragImage(m_pDragImage, this); }
 
 //===-- Scrolling at the edge ----------------------------------------------===//
 

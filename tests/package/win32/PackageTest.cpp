@@ -49,29 +49,6 @@ struct Program : vn::test::HostProcess {
   }
 };
 
-std::wstring Text(HWND window) {
-  int length = static_cast<int>(::SendMessageW(window, WM_GETTEXTLENGTH, 0, 0));
-  std::wstring text(length + 1, L'\0');
-  ::SendMessageW(window, WM_GETTEXT, length + 1, reinterpret_cast<LPARAM>(&text[0]));
-  text.resize(wcslen(text.c_str()));
-  return text;
-}
-
-std::vector<std::wstring> Rows(HWND pane) {
-  std::wstring text = Text(pane);
-  std::vector<std::wstring> rows(1);
-  for (size_t i = 0; i < text.size(); ++i) {
-    if (text[i] == L'\r' || text[i] == L'\n') {
-      if (text[i] == L'\r' && i + 1 < text.size() && text[i + 1] == L'\n')
-        ++i;
-      rows.emplace_back();
-    } else {
-      rows.back() += text[i];
-    }
-  }
-  return rows;
-}
-
 std::wstring Quoted(const CString& a, const CString& b) {
   return L"\"" + std::wstring(a.GetString()) + L"\" \"" + b.GetString() + L"\"";
 }
@@ -85,7 +62,7 @@ TEST(PackageTest, SampleHostShowsTheLibrarysRowsAndCountsAndClosesOnWmClose) {
 
   Program sample(Given("VN_PACKAGE_SAMPLE"), Quoted(oldPath, newPath));
   ASSERT_TRUE(sample.frame) << "the sample host showed no window";
-  EXPECT_NE(std::wstring::npos, Text(sample.frame).find(oldPath.GetString()));
+  EXPECT_NE(std::wstring::npos, vn::test::WindowText(sample.frame).find(oldPath.GetString()));
 
   // Row by row what the library aligns: the deleted line stands, struck
   // through, in the target pane too.
@@ -93,7 +70,8 @@ TEST(PackageTest, SampleHostShowsTheLibrarysRowsAndCountsAndClosesOnWmClose) {
   ASSERT_TRUE(comparison.Open(CVnComparison::Source, oldPath) && comparison.Open(CVnComparison::Target, newPath));
   comparison.Compare();
   const std::vector<CVnAlignedRow> rows = comparison.GetRows();
-  std::vector<std::wstring> left = Rows(sample.TextPane(0)), right = Rows(sample.TextPane(1));
+  std::vector<std::wstring> left = vn::test::ControlRows(sample.TextPane(0));
+  std::vector<std::wstring> right = vn::test::ControlRows(sample.TextPane(1));
   ASSERT_GE(left.size(), rows.size());
   ASSERT_EQ(left.size(), right.size());
   auto line = [&](CVnComparison::Side side, long n) {
@@ -113,7 +91,8 @@ TEST(PackageTest, SampleHostShowsTheLibrarysRowsAndCountsAndClosesOnWmClose) {
 
   // The status bar: three blocks (a change, a deletion, an insertion) and
   // the lines their records remove and add.
-  EXPECT_EQ(L"3 differences, 2 lines removed, 3 added", Text(::GetDlgItem(sample.frame, AFX_IDW_STATUS_BAR)));
+  EXPECT_EQ(L"3 differences, 2 lines removed, 3 added",
+            vn::test::WindowText(::GetDlgItem(sample.frame, AFX_IDW_STATUS_BAR)));
 
   EXPECT_EQ(1u, sample.Close()) << "different files end with status 1";
 }
@@ -125,7 +104,7 @@ TEST(PackageTest, UnpackedCompareToolStartsWithTheZipsOwnDll) {
   Write(newPath, "same\r\n");
   Program tool(Given("VN_PACKAGE_ROOT") + L"\\bin\\vncompare.exe", L"--headless " + Quoted(oldPath, newPath));
   ASSERT_TRUE(tool.frame) << "vncompare.exe from the zip showed no window";
-  EXPECT_EQ(std::vector<std::wstring>({L"same", L""}), Rows(tool.TextPane(1)));
+  EXPECT_EQ(std::vector<std::wstring>({L"same", L""}), vn::test::ControlRows(tool.TextPane(1)));
   EXPECT_EQ(0u, tool.Close()) << "equal files end with status 0";
 }
 

@@ -70,24 +70,7 @@ struct Tool : vn::test::HostProcess {
   }
   // The vertical scroll position in pixels, read through the tool's memory.
   LONG ScrollY(HWND pane) const;
-  std::vector<std::wstring> Rows(int column) const {
-    HWND edit = TextPane(column);
-    int length = static_cast<int>(::SendMessageW(edit, WM_GETTEXTLENGTH, 0, 0));
-    std::wstring text(length + 1, L'\0');
-    ::SendMessageW(edit, WM_GETTEXT, length + 1, reinterpret_cast<LPARAM>(&text[0]));
-    text.resize(wcslen(text.c_str()));
-    std::vector<std::wstring> rows(1);
-    for (size_t i = 0; i < text.size(); ++i) {
-      if (text[i] == L'\r' || text[i] == L'\n') {
-        if (text[i] == L'\r' && i + 1 < text.size() && text[i + 1] == L'\n')
-          ++i;
-        rows.emplace_back();
-      } else {
-        rows.back() += text[i];
-      }
-    }
-    return rows;
-  }
+  std::vector<std::wstring> Rows(int column) const { return vn::test::ControlRows(TextPane(column)); }
   long SelectedLine(int column) const {
     DWORD start = 0;
     ::SendMessageW(TextPane(column), EM_GETSEL, reinterpret_cast<WPARAM>(&start), 0);

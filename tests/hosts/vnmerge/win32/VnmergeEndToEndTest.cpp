@@ -86,24 +86,7 @@ struct Tool : vn::test::HostProcess {
     HWND pane = k < 2 ? ::GetDlgItem(::GetDlgItem(outer, kPane), kPane + k) : ::GetDlgItem(outer, kMergedPane);
     return ::GetDlgItem(pane, ::GetDlgCtrlID(pane));
   }
-  std::vector<std::wstring> Rows(int k) const {
-    HWND edit = TextPane(k);
-    int length = static_cast<int>(::SendMessageW(edit, WM_GETTEXTLENGTH, 0, 0));
-    std::wstring text(length + 1, L'\0');
-    ::SendMessageW(edit, WM_GETTEXT, length + 1, reinterpret_cast<LPARAM>(&text[0]));
-    text.resize(wcslen(text.c_str()));
-    std::vector<std::wstring> rows(1);
-    for (size_t i = 0; i < text.size(); ++i) {
-      if (text[i] == L'\r' || text[i] == L'\n') {
-        if (text[i] == L'\r' && i + 1 < text.size() && text[i + 1] == L'\n')
-          ++i;
-        rows.emplace_back();
-      } else {
-        rows.back() += text[i];
-      }
-    }
-    return rows;
-  }
+  std::vector<std::wstring> Rows(int k) const { return vn::test::ControlRows(TextPane(k)); }
   // The selection's first and last rows.
   std::pair<long, long> Selected(int k) const {
     DWORD start = 0, end = 0;
