@@ -2,6 +2,7 @@
 #include "VndiffHost.h"
 
 #include "afx/os/OsSeam.h"
+#include "compare/VnFormDifference.h"
 #include "foundation/LocalResources.h"
 #include "intake/VnFile.h"
 
@@ -65,6 +66,8 @@ CVnCompareOptions CompareOptions(const Options& o) {
   c.m_bIgnoreCase = o.ignoreCase;
   c.m_bIgnoreWhitespace = o.ignoreWhitespace;
   c.m_bIgnoreLineEnds = o.ignoreLineEnds;
+  c.m_bIgnoreEncoding = o.ignoreEncoding;
+  c.m_bEncodingByContent = true;
   c.m_nSourceCodePage = o.sourceEncoding;
   c.m_nTargetCodePage = o.targetEncoding;
   c.m_bRaw = o.raw;
@@ -99,17 +102,13 @@ void CheckReadable(const std::string& path) {
     throw Failure(path + ": " + Narrow(why));
 }
 
-void OpenSide(CVnComparison& comparison, CVnComparison::Side side, const std::string& path) {
-  CheckReadable(path);
+bool OpenSide(CVnComparison& comparison, CVnComparison::Side side, const std::string& path) {
   comparison.GetFile(side).SetDisplayName(Wide(OperandLabel(path)));
-  bool opened = false;
   try {
-    opened = comparison.Open(side, Wide(path));
+    return comparison.Open(side, Wide(path));
   } catch (CException* e) {
     throw Failure(DescribeException(e, path));
   }
-  if (!opened)
-    throw Failure(path + ": binary file not compared (--binary=yes compares it)");
 }
 
 void AppendLineWithEnd(const CVnComparedFile& file, long i, std::string& out, const char* prefix) {
@@ -124,11 +123,43 @@ void InstallBinaryAnswer(Binary binary) {
   VnSetPromptHandler(&AnswerBinaryQuestion);
 }
 
+namespace {
+
+// A binary file the user doesn't have compared as lines is compared by its
+// bytes, as scripts expect of a compare tool.
+int CompareBytes(const Options& o, std::FILE* out) {
+  bool same = false;
+  try {
+    same = VnSameBytes(Wide(o.files[0]), Wide(o.files[1]));
+  } catch (CException* e) {
+    throw Failure(DescribeException(e, ""));
+  }
+  if (same)
+    return kExitSame;
+  fprintf(out, "%s %s and %s differ\n", o.brief ? "Files" : "Binary files", OperandLabel(o.files[0]).c_str(), OperandLabel(o.files[1]).c_str());
+  return kExitDifferent;
+}
+
+// One line per kind of difference in form, ahead of the records: where a
+// patch reader skips it as leading text.  The records form is read by
+// programs, so there it goes to standard error.
+void WriteFormDifferences(const CVnComparison& c, Format format, std::FILE* out) {
+  std::FILE* to = format == Format::Records ? stderr : out;
+  for (const CVnFormDifference& d :
+       VnFormDifferences(c.GetFile(CVnComparison::Source).GetFacts(), c.GetFile(CVnComparison::Target).GetFacts()))
+    fprintf(to, "%s\n", Narrow(VnFormDifferenceText(d)).c_str());
+}
+
+}  // namespace
+
 // Reads, compares and prints; gives the exit status.
 int RunCompare(const Options& o, std::FILE* out) {
+  CheckReadable(o.files[0]);
+  CheckReadable(o.files[1]);
   CVnComparison comparison(CompareOptions(o));
-  OpenSide(comparison, CVnComparison::Source, o.files[0]);
-  OpenSide(comparison, CVnComparison::Target, o.files[1]);
+  if (!OpenSide(comparison, CVnComparison::Source, o.files[0]) ||
+      !OpenSide(comparison, CVnComparison::Target, o.files[1]))
+    return CompareBytes(o, out);
   try {
     comparison.Compare();
   } catch (CException* e) {
@@ -137,6 +168,12 @@ int RunCompare(const Options& o, std::FILE* out) {
   if (!o.saveDelta.empty())
     SaveDelta(o.saveDelta, o.files[0], o.files[1]);
 
+  if (o.brief) {
+    if (comparison.Differs())
+      fprintf(out, "Files %s and %s differ\n", OperandLabel(o.files[0]).c_str(), OperandLabel(o.files[1]).c_str());
+    return comparison.Differs() ? kExitDifferent : kExitSame;
+  }
+  WriteFormDifferences(comparison, o.format, out);
   switch (o.format) {
   case Format::Normal: WriteNormal(comparison, out); break;
   case Format::Unified: WriteUnified(comparison, o.context, out); break;
@@ -145,7 +182,7 @@ int RunCompare(const Options& o, std::FILE* out) {
   }
   if (fflush(out) != 0 || ferror(out))
     throw Failure(std::string("write error: ") + strerror(errno));
-  return comparison.IsSame() ? kExitSame : kExitDifferent;
+  return comparison.Differs() ? kExitDifferent : kExitSame;
 }
 
 }  // namespace vndiff

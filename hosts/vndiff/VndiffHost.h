@@ -36,6 +36,8 @@ struct Options {
   bool ignoreWhitespace = false;
   bool ignoreCase = false;
   bool ignoreLineEnds = false;
+  bool ignoreEncoding = false;
+  bool brief = false;  // -q: only whether the files differ
   unsigned sourceEncoding = 0;  // 0: detect
   unsigned targetEncoding = 0;
   Binary binary = Binary::Ask;
@@ -63,8 +65,9 @@ unsigned CodePageFromName(const std::string& name);
 void CheckReadable(const std::string& path);
 // The message for a failure of the component, naming the file.
 std::string DescribeException(CException* e, const std::string& path);
-// Opens one side of the comparison; Failure names the file.
-void OpenSide(CVnComparison& comparison, CVnComparison::Side side, const std::string& path);
+// Opens one side of the comparison; false when the user declined a binary
+// file.  Failure names the file.
+bool OpenSide(CVnComparison& comparison, CVnComparison::Side side, const std::string& path);
 
 // Appends line i with its prefix as the file's bytes have it, and the
 // no-newline notice when it is the unterminated last line.
@@ -88,10 +91,10 @@ void SaveDelta(const std::string& dir, const std::string& source, const std::str
 // --apply-delta DIR SOURCE -o OUT.
 void ApplyDelta(const std::string& dir, const std::string& source, const std::string& output);
 
-// "-" as a file operand: standard input, copied on first use into a private
-// temporary file that is removed at exit.  ResolveOperand gives the path to
-// read for an operand; OperandLabel gives back what the user wrote for such
-// a path; Relabel puts "-" for the temporary path in a message.
+// "-" (standard input) and streams as operands: read through a private
+// copy that is removed at exit (CVnStreamCopies).  ResolveOperand gives the
+// path to read for an operand; OperandLabel gives back what the user wrote
+// for such a path; Relabel puts the operands into a message.
 std::string ResolveOperand(const std::string& operand);
 std::string OperandLabel(const std::string& path);
 std::string Relabel(std::string message);

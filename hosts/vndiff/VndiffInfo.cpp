@@ -1,6 +1,8 @@
 // VndiffInfo.cpp - what the intake finds in each file: --info FILE...
 #include "VndiffHost.h"
 
+#include "compare/VnFileCaption.h"
+
 namespace vndiff {
 
 static const char* TypeName(int type) {
@@ -24,16 +26,21 @@ static void Describe(const std::string& path, unsigned encoding, std::FILE* out)
   CVnComparedFile file;
   file.SetDisplayName(Wide(OperandLabel(path)));
   try {
-    file.Read(Wide(path), encoding);
+    file.Read(Wide(path), encoding, true);
   } catch (CException* e) {
     throw Failure(DescribeException(e, path));
   }
   const CVnFileFacts& f = file.GetFacts();
+  const bool text = f.m_nFileType != CVnDiffFile::TypeBinary;
   fprintf(out,
-          "%s\n  type:            %s\n  encoding:        %s\n  code page:       %u\n"
+          "%s\n  type:            %s\n  encoding:        %s (%s)\n  code page:       %u\n"
           "  byte order mark: %s\n  lines:           %ld\n",
           Narrow(f.m_strDisplayName).c_str(), TypeName(f.m_nFileType), Narrow(f.m_strEncoding).c_str(),
-          f.m_nCodePage, f.m_bHasBOM ? "yes" : "no", f.m_nLineCount);
+          Narrow(VnEncodingSourceName(f.m_nEncodingSource)).c_str(), f.m_nCodePage, f.m_bHasBOM ? "yes" : "no",
+          f.m_nLineCount);
+  if (text)
+    fprintf(out, "  line ends:       %s\n  final newline:   %s\n", Narrow(VnLineEndName(f.m_nLineEnds)).c_str(),
+            f.m_bFinalNewline ? "yes" : "no");
 }
 
 // Gives 0, or 2 when a file could not be read (the others are still listed).

@@ -81,6 +81,10 @@ bool ParseLong(const std::string& arg, const std::vector<std::string>& args, siz
     o.ignoreCase = true;
   } else if (name == "--ignore-line-ends") {
     o.ignoreLineEnds = true;
+  } else if (name == "--ignore-encoding") {
+    o.ignoreEncoding = true;
+  } else if (name == "--brief") {
+    o.brief = true;
   } else if (name == "--encoding") {
     o.sourceEncoding = o.targetEncoding = CodePageFromName(TakeValue(arg, eq, args, i));
   } else if (name == "--source-encoding") {
@@ -129,6 +133,7 @@ void ParseShort(const std::string& arg, const std::vector<std::string>& args, si
     case 'y': o.format = Format::SideBySide; break;
     case 'w': o.ignoreWhitespace = true; break;
     case 'i': o.ignoreCase = true; break;
+    case 'q': o.brief = true; break;
     case 'h': o.command = Command::Help; break;
     case 'v': o.command = Command::Version; break;
     case 'U': case 'W': case 'o': case 'L': {
@@ -166,8 +171,8 @@ void CheckMergeOptions(const Options& o) {
     throw Failure("option '-L' given more often than there are files");
   if (o.format != Format::Normal || !o.saveDelta.empty())
     throw Failure("option for an output form or a delta given with --merge");
-  if (o.ignoreWhitespace || o.ignoreCase || o.ignoreLineEnds)
-    throw Failure("option -w, -i or --ignore-line-ends given with --merge, which compares lines exactly");
+  if (o.ignoreWhitespace || o.ignoreCase || o.ignoreLineEnds || o.ignoreEncoding || o.brief)
+    throw Failure("option -w, -i, -q or --ignore-... given with --merge, which compares lines exactly");
   if (o.sourceEncoding != o.targetEncoding)
     throw Failure("option --source-encoding or --target-encoding given with --merge; --encoding sets all files'");
   if (o.showBase && o.files.size() == 2)
@@ -228,6 +233,7 @@ const char* UsageText() {
          "       vndiff --info FILE...\n"
          "       vndiff --apply-delta DIR SOURCE -o OUT\n"
          "Compare two files line by line, or merge three.  A file named - is standard input.\n"
+         "Files that differ in encoding, byte order mark, line ends or final newline differ.\n"
          "\n"
          "Output:\n"
          "      --format=FORMAT        normal (default), unified, side-by-side or records\n"
@@ -238,14 +244,19 @@ const char* UsageText() {
          "Comparison:\n"
          "  -w, --ignore-whitespace    ignore spaces and tabs\n"
          "  -i, --ignore-case          ignore case\n"
-         "      --ignore-line-ends     take CR and LF as equal, ignore unpaired ones at line ends\n"
+         "      --ignore-line-ends     take CR and LF as equal, ignore unpaired ones at line ends;\n"
+         "                             line-end style and final newline don't count\n"
+         "      --ignore-encoding      encoding and byte order mark don't count\n"
+         "  -q, --brief                say only whether the files differ\n"
          "      --raw                  compare the bytes as they stand, split at LF\n"
          "Input:\n"
-         "      --encoding=CP          read both files in code page CP (number or name:\n"
+         "      --encoding=CP          read both files in code page CP, not as their byte order\n"
+         "                             mark or content shows (number or name:\n"
          "                             utf-8, utf-16le, utf-16be, 1252, latin1, ...)\n"
          "      --source-encoding=CP   the same for SOURCE only\n"
          "      --target-encoding=CP   the same for TARGET only\n"
-         "      --binary=ask|yes|no    go on with a binary file? (ask: on a terminal)\n"
+         "      --binary=ask|yes|no    compare a binary file line by line? (ask: on a terminal);\n"
+         "                             otherwise binary files are compared by their bytes\n"
          "      --info FILE...         type, encoding, code page, BOM and lines of files\n"
          "Merge:\n"
          "      --merge LOCAL BASE REMOTE\n"

@@ -8,6 +8,7 @@
 #include "compare/VnComparison.h"
 
 #include "compare/VnOriginalLineEnds.h"
+#include "afx/os/OsSeam.h"
 #include "intake/VnFile.h"
 #include "intake/VnSmartBytePtr.h"
 
@@ -18,6 +19,7 @@ struct CVnComparedFile::State {
   CVnDiffFile intake;
   CVnSmartBytePtr raw;
   std::vector<VnLineEnd> ends;  // decoded text only: one per line
+  unsigned contentPage = 0;     // the code page the bytes chose at the last read, if any
 };
 
 CVnComparedFile::CVnComparedFile() : m_pState(new State), m_pLines(new CVnDiffArg(CVnFileInfo::Text8, 10)) {}
@@ -71,12 +73,38 @@ void CVnComparedFile::Reset() {
 
 CVnDiffFile& CVnComparedFile::GetIntake() { return m_pState->intake; }
 
-bool CVnComparedFile::Read(const CString& path, unsigned codePage) {
+// Sets the intake's code page as the user or the bytes choose, and says
+// which did; a byte order mark or the default is told after the reading.
+static VnEncodingSource ChooseEncoding(CVnDiffFile& intake, unsigned codePage, bool byContent,
+                                       CVnContentScan& scan, unsigned& contentPage) {
+  // The page the bytes chose last time is no user's choice: a file that
+  // changed since is chosen for afresh.
+  if (contentPage && intake.IsEncodingSet() && intake.GetCodePage() == contentPage) {
+    const CString name = intake.GetFileName();
+    intake = CVnDiffFile();
+    intake.SetFileName(name);
+  }
+  contentPage = 0;
+  if (codePage)
+    intake.SetFileEncoding(codePage);
+  if (intake.IsEncodingSet())
+    return VnEncodingSource::User;
+  if (!byContent)
+    return VnEncodingSource::Default;
+  scan = VnScanFile(intake.GetFileName());
+  contentPage = VnCodePageByContent(scan, vn::os::GetACP());
+  if (contentPage)
+    intake.SetFileEncoding(contentPage);
+  return VnEncodingSource::Content;
+}
+
+bool CVnComparedFile::Read(const CString& path, unsigned codePage, bool byContent) {
   CVnDiffFile& intake = m_pState->intake;
   Reset();
   intake.SetFileName(path);
-  if (codePage)
-    intake.SetFileEncoding(codePage);
+  CVnContentScan scan;
+  scan.m_bAscii = false;
+  VnEncodingSource source = ChooseEncoding(intake, codePage, byContent, scan, m_pState->contentPage);
   unsigned char* data = nullptr;
   unsigned long size = 0;
   if (!intake.GetFileContents(data, size))
@@ -93,6 +121,8 @@ bool CVnComparedFile::Read(const CString& path, unsigned codePage) {
   m_facts.m_nCodePage = intake.GetCodePage();
   m_facts.m_strEncoding = intake.GetEncodingDescription();
   m_facts.m_bHasBOM = intake.HasByteOrderMark();
+  m_facts.m_nEncodingSource = m_facts.m_bHasBOM ? VnEncodingSource::ByteOrderMark : source;
+  m_facts.m_bAscii = scan.m_bAscii && !scan.m_bByteOrderMark && !scan.m_bNul;
   if (m_bWide)
     m_pState->ends = VnOriginalLineEnds(intake, m_facts.m_nLineCount, m_facts.m_bFinalNewline);
   m_facts.m_nLineEnds = m_bWide ? StyleOf(m_pState->ends) : GetLineEnd(0);

@@ -7,11 +7,14 @@
 // 3. GetSpans and GetRows place the records on both sides.
 #include "compare/VnComparison.h"
 
+#include "compare/VnFormDifference.h"
 #include "compare/VnLineEndChanges.h"
 
 #include "intake/VnFile.h"
 
 #include <cassert>
+#include <cstring>
+#include <memory>
 
 CVnComparison::CVnComparison(const CVnCompareOptions& options) : m_options(options) {}
 
@@ -22,7 +25,8 @@ bool CVnComparison::Open(Side side, const CString& path) {
     m_files[side].ReadRaw(path);
     return true;
   }
-  return m_files[side].Read(path, side == Source ? m_options.m_nSourceCodePage : m_options.m_nTargetCodePage);
+  return m_files[side].Read(path, side == Source ? m_options.m_nSourceCodePage : m_options.m_nTargetCodePage,
+                            m_options.m_bEncodingByContent);
 }
 
 // A comparison needs one unit width on both sides: next to a binary file,
@@ -129,6 +133,32 @@ CString VnWhyNotComparable(const CString& path) {
   if (status.m_attribute & FILE_ATTRIBUTE_DIRECTORY)
     return _T("is a directory");
   if (status.m_sizeHigh != 0)
-    return _T("file of 4 GiB or more; files below 4 GiB only are compared");
+    return VnTooLargeText();
   return CString();
+}
+
+CString VnTooLargeText() { return _T("file of 4 GiB or more; files below 4 GiB only are compared"); }
+
+bool CVnComparison::Differs() const {
+  if (!IsSame())
+    return true;
+  for (const CVnFormDifference& d : VnFormDifferences(m_files[Source].GetFacts(), m_files[Target].GetFacts()))
+    if (VnFormDifferenceCounts(d.m_nKind, m_options))
+      return true;
+  return false;
+}
+
+bool VnSameBytes(const CString& a, const CString& b) {
+  CVnFile fa(a, CFile::modeRead), fb(b, CFile::modeRead);
+  if (fa.GetLength() != fb.GetLength())
+    return false;
+  const unsigned long kChunk = 1 << 16;
+  std::unique_ptr<unsigned char[]> ba(new unsigned char[kChunk]), bb(new unsigned char[kChunk]);
+  for (;;) {
+    const unsigned long na = fa.ReadRaw(ba.get(), kChunk), nb = fb.ReadRaw(bb.get(), kChunk);
+    if (na != nb || memcmp(ba.get(), bb.get(), na) != 0)
+      return false;
+    if (na == 0)
+      return true;
+  }
 }

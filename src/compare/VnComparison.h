@@ -37,6 +37,7 @@
 #define VN_COMPARE_VNCOMPARISON_H
 
 #include "afx/afx.h"
+#include "compare/VnEncodingByContent.h"
 #include "engine/VnDiffArg.h"
 #include "engine/VnDiffChange.h"
 #include "intake/VnDiffFile.h"
@@ -56,6 +57,8 @@ struct CVnFileFacts {
   int m_nFileType = CVnDiffFile::TypeText;  // CVnDiffFile::FileType; raw bytes count as TypeText
   unsigned m_nCodePage = 0;  // 0 for raw bytes
   CString m_strEncoding;     // the intake's description; empty for raw bytes
+  VnEncodingSource m_nEncodingSource = VnEncodingSource::Default;
+  bool m_bAscii = false;     // plain ASCII without a byte order mark: reads alike in any 8-bit page
   bool m_bHasBOM = false;
   VnLineEnd m_nLineEnds = VnLineEnd::None;  // the one kind every line end had, or Mixed
   bool m_bFinalNewline = true;  // the last line has a line end (also true for an empty file)
@@ -70,9 +73,10 @@ public:
   CVnComparedFile(const CVnComparedFile&) = delete;
   CVnComparedFile& operator=(const CVnComparedFile&) = delete;
 
-  // Reads path through the intake, in codePage (0: detect).  False when the
-  // user declined a binary file; CException* when it can't be read.
-  bool Read(const CString& path, unsigned codePage);
+  // Reads path through the intake, in codePage (0: detect; with byContent,
+  // choose by the bytes first, VnEncodingByContent.h).  False when the user
+  // declined a binary file; CException* when it can't be read.
+  bool Read(const CString& path, unsigned codePage, bool byContent = false);
   // Reads path's bytes as they stand, cut at LF.
   void ReadRaw(const CString& path);
   // Takes bytes held in memory as ReadRaw takes a file's; the side has no
@@ -129,8 +133,15 @@ struct CVnCompareOptions {
   bool m_bIgnoreCase = false;
   bool m_bIgnoreWhitespace = false;
   bool m_bIgnoreLineEnds = false;
+  // Files that differ only in encoding or byte order mark count as the same
+  // (VnFormDifference.h); the comparison of the text is not touched.
+  bool m_bIgnoreEncoding = false;
   unsigned m_nSourceCodePage = 0;  // 0: detect
   unsigned m_nTargetCodePage = 0;
+  // A side without a byte order mark or a code page of the user's is read
+  // in the encoding its bytes show (VnEncodingByContent.h), not always in
+  // the ANSI code page.
+  bool m_bEncodingByContent = false;
   // Both sides as bytes, cut at LF, without the intake.
   bool m_bRaw = false;
   // Lines Compare pairs as equal that end differently in the files' bytes
@@ -166,6 +177,12 @@ VN_API std::vector<CVnChangeSpan> VnChangeSpans(const CVnDiffChangeList& changes
 // when nothing stands in the way.  A file that can't be opened at all is
 // left to the reading, which says why.
 VN_API CString VnWhyNotComparable(const CString& path);
+// Whether two files hold the same bytes: how binary files are compared
+// when the user doesn't have them compared as lines.  CFileException when
+// either can't be read.
+VN_API bool VnSameBytes(const CString& a, const CString& b);
+// The reason a file or a stream of 4 GiB or more is refused.
+VN_API CString VnTooLargeText();
 
 class VN_API CVnComparison {
 public:
@@ -186,7 +203,10 @@ public:
   const CVnComparedFile& GetFile(Side side) const { return m_files[side]; }
   CVnComparedFile& GetFile(Side side) { return m_files[side]; }
   const CVnDiffChangeList& GetChanges() const { return m_changes; }
+  // No records: the texts are the same, as the options compare them.
   bool IsSame() const { return m_changes.GetSize() == 0; }
+  // Records, or a difference in form the options don't ignore.
+  bool Differs() const;
 
   // Every line of both sides in rows, in order.
   std::vector<CVnAlignedRow> GetRows() const;

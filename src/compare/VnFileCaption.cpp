@@ -25,7 +25,10 @@ CString VnFileCaption(const CVnFileFacts& facts) {
   if (facts.m_nFileType == CVnDiffFile::TypeBinary) {
     parts = _T("binary");
   } else {
-    AddPart(parts, facts.m_strEncoding);
+    CString encoding = facts.m_strEncoding;
+    if (facts.m_nEncodingSource == VnEncodingSource::Content || facts.m_nEncodingSource == VnEncodingSource::User)
+      encoding += _T(" ") + VnEncodingSourceName(facts.m_nEncodingSource);
+    AddPart(parts, encoding);
     if (facts.m_bHasBOM)
       AddPart(parts, _T("BOM"));
     AddPart(parts, VnLineEndName(facts.m_nLineEnds));

@@ -12,7 +12,8 @@
 
 // "CR LF", "LF", "CR", "LF CR", "mixed line ends", "no line ends".
 VN_API CString VnLineEndName(VnLineEnd ends);
-// "name  (UTF-8, BOM, CR LF, no final newline)"; binary: "name  (binary)".
+// "name  (UTF-8, BOM, CR LF, no final newline)", "name  (UTF-8 by content,
+// LF)"; binary: "name  (binary)".
 VN_API CString VnFileCaption(const CVnFileFacts& facts);
 
 #endif  // VN_COMPARE_VNFILECAPTION_H

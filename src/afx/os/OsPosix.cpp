@@ -418,6 +418,13 @@ DWORD GetFileAttributes(LPCWSTR path) {
   return AttributesOf(native, st);
 }
 
+bool IsStream(LPCWSTR path) {
+  struct stat st;
+  const std::string native = PathToNative(path);
+  return !native.empty() && ::stat(native.c_str(), &st) == 0 &&
+         (S_ISFIFO(st.st_mode) || S_ISCHR(st.st_mode) || S_ISSOCK(st.st_mode));
+}
+
 WideText TempDirectory() {
   const char* dir = getenv("TMPDIR");
   std::string d = dir && *dir ? dir : "/tmp";

@@ -79,6 +79,10 @@ bool MoveFile(LPCWSTR from, LPCWSTR to);
 // exist.  Natively read-only is a missing owner write bit (what
 // SetFileAttributes takes away), hidden a name that starts with a dot.
 DWORD GetFileAttributes(LPCWSTR path);
+// A pipe, FIFO, socket or character device: what it reports as its size
+// says nothing of the bytes it gives.  Natively by stat (so /dev/fd/N is the
+// pipe behind it); on Windows a name in the device namespace (\\.\NAME).
+bool IsStream(LPCWSTR path);
 // The directory for temporary files, ending in a separator.
 WideText TempDirectory();
 // Creates one directory level; an existing one fails with 183.

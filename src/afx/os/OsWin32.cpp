@@ -123,6 +123,10 @@ bool DeleteFile(LPCWSTR path) { return ::DeleteFileW(path) != 0; }
 bool MoveFile(LPCWSTR from, LPCWSTR to) { return ::MoveFileW(from, to) != 0; }
 DWORD GetFileAttributes(LPCWSTR path) { return ::GetFileAttributesW(path); }
 
+// Opening a pipe to ask its type would take one of its connections, so the
+// name decides.
+bool IsStream(LPCWSTR path) { return wcsncmp(path, L"\\\\.\\", 4) == 0; }
+
 // A getter of Win32's buffer form, asked with a growing buffer until its
 // answer fits: the whole text, or empty on failure.
 template <class Getter>

@@ -17,6 +17,7 @@ using vn::test::VndiffTest;
 TEST_F(VndiffTest, EachFormatPrintsTheRecords) {
   Write("a", "one\ntwo\nthree\nfour\n");
   Write("b", "one\n2\nthree\nfour\nfive");
+  const std::string said = "final newline: yes / no\n";
   const struct {
     const char* args;
     const char* out;
@@ -34,13 +35,16 @@ TEST_F(VndiffTest, EachFormatPrintsTheRecords) {
     Outcome r = Vndiff(c.args);
     EXPECT_EQ(1, r.status);
     std::string out = r.out;
+    if (out.compare(0, said.size(), said) == 0)
+      out = out.substr(said.size());
     if (out.compare(0, 4, "--- ") == 0) {  // labels carry times; check their form, then the hunks
       EXPECT_EQ(0u, out.find("--- a\t"));
       EXPECT_NE(std::string::npos, out.find("\n+++ b\t"));
       out = out.substr(out.find("\n@@") + 1);
     }
     EXPECT_EQ(c.out, out);
-    EXPECT_EQ("", r.err);
+    EXPECT_EQ(std::string(c.args).find("records") != std::string::npos ? said : "", r.err);
+    EXPECT_NE(std::string(c.args).find("records") != std::string::npos, r.out.compare(0, said.size(), said) == 0);
   }
 }
 
@@ -65,7 +69,7 @@ TEST_F(VndiffTest, ExitStatusSaysSameDifferentOrTrouble) {
     int status;
   } cases[] = {
       {"a b", 0},          {"a c", 1},           {"empty1 empty2", 0},   {"a crlf", 1},
-      {"--raw a crlf", 1}, {"--ignore-line-ends a crlf", 0}, {"--format=records a crlf", 0},
+      {"--raw a crlf", 1}, {"--ignore-line-ends a crlf", 0}, {"--format=records b c", 1},
       {"a spaced", 1},     {"-w a spaced", 0},   {"--ignore-whitespace a spaced", 0},
       {"a upper", 1},      {"-i a upper", 0},    {"-wi spaced upper", 0}, {"--ignore-line-ends --raw a crlf", 0},
       {"a", 2},            {"a b c", 2},         {"--bogus a b", 2},     {"--format=fancy a b", 2},
@@ -76,7 +80,7 @@ TEST_F(VndiffTest, ExitStatusSaysSameDifferentOrTrouble) {
     Outcome r = Vndiff(c.args);
     EXPECT_EQ(c.status, r.status);
     EXPECT_EQ(c.status == 2, !r.err.empty()) << r.err;
-    EXPECT_EQ(c.status != 1, r.out.empty());
+    EXPECT_EQ(c.status != 1, r.out.empty() || r.out == "line ends: LF / CR LF\n");
   }
 }
 
@@ -110,9 +114,7 @@ TEST_F(VndiffTest, DashReadsStandardInput) {
   EXPECT_EQ(1, Vndiff("old -", "new").status);
   EXPECT_EQ(0, Vndiff("- -", "new").status);
   EXPECT_EQ(0, Vndiff("--info -", "new").out.find("-\n  type:            text"));
-  r = Vndiff("- old", "nul");
-  EXPECT_EQ(2, r.status);
-  EXPECT_EQ("vndiff: -: binary file not compared (--binary=yes compares it)\n", r.err);
+  EXPECT_EQ("Binary files - and old differ\n", Vndiff("- old", "nul").out);
   if (tmpdir)
     setenv("TMPDIR", saved.c_str(), 1);
   else
@@ -162,8 +164,8 @@ TEST_F(VndiffTest, DecodesEncodingsBeforeComparing) {
   Write("utf8", "caf\xC3\xA9\nline\n");
   Write("utf8bom", "\xEF\xBB\xBF" "caf\xC3\xA9\nline\n");
   Write("latin1", "caf\xE9\nline\n");
-  Write("utf16", Utf16Le("caf", true) + std::string("\xE9\0", 2) + Utf16Le("\nline\n", false));
   Write("utf16bare", Utf16Le("caf", false) + std::string("\xE9\0", 2) + Utf16Le("\nline\n", false));
+  Write("utf16", Utf16Le("caf", true) + std::string("\xE9\0", 2) + Utf16Le("\nline\n", false));
   Write("utf16b", Utf16Le("caf", true) + std::string("\xE9\0", 2) + Utf16Le("\nLINE\n", false));
   Write("ab", "a\nb\n");
   Write("utf16-odd", std::string("\xFF\xFE" "a\0\n\0" "b", 7));
@@ -173,16 +175,13 @@ TEST_F(VndiffTest, DecodesEncodingsBeforeComparing) {
     int status;
     const char* out;  // null: not looked at
   } cases[] = {
-      {"utf8 utf8bom", 0, ""},
-      {"utf8 utf16", 0, ""},
-      {"--source-encoding=1252 latin1 utf8", 0, ""},
-      {"--source-encoding=latin1 latin1 utf16", 0, ""},
-      {"--source-encoding=utf-16le utf16bare utf8", 0, ""},
-      {"--encoding=utf-8 utf8 utf8bom", 0, ""},
-      {"--raw utf8 utf8bom", 1, nullptr},
+      {"--source-encoding=latin1 latin1 utf16", 1, "encoding: ISO-8859-1 / UTF-16LE with BOM\n"},
+      {"--ignore-encoding --source-encoding=utf-16le utf16bare utf8", 0, nullptr},
+      {"--ignore-encoding --encoding=utf-8 utf8 utf8bom", 0, nullptr},
+      {"--ignore-encoding --raw utf8 utf8bom", 1, nullptr},
       {"utf16 utf16b", 1, "2c2\n< line\n---\n> LINE\n"},
-      {"utf16-odd ab", 1, "1a2\n> b\n"},
-      {"bad-utf8 utf8", 1, "1c1,2\n< caf\xEF\xBF\xBD(\n---\n> caf\xC3\xA9\n> line\n"},
+      {"utf16-odd ab", 1, "encoding: UTF-16LE with BOM / UTF-8\n1a2\n> b\n"},
+      {"--encoding=utf-8 bad-utf8 utf8", 1, "1c1,2\n< caf\xEF\xBF\xBD(\n---\n> caf\xC3\xA9\n> line\n"},
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.args);
@@ -194,18 +193,86 @@ TEST_F(VndiffTest, DecodesEncodingsBeforeComparing) {
   }
 }
 
-TEST_F(VndiffTest, BinaryQuestionFollowsTheFlag) {
-  Write("text", "a\nb\n");
-  Write("bin", std::string("a\nb\0c\n", 6));
-  Outcome declined = Vndiff("text bin");  // no terminal: the answer is no
-  EXPECT_EQ(2, declined.status);
-  EXPECT_EQ("vndiff: bin: binary file not compared (--binary=yes compares it)\n", declined.err);
-  EXPECT_EQ(2, Vndiff("--binary=no text bin").status);
-  Outcome accepted = Vndiff("--binary=yes text bin");
-  EXPECT_EQ(1, accepted.status);
-  // NUL shows as a space, and the marker takes the place of the last byte
-  // (the final LF), so the binary side ends without a line end.
-  EXPECT_EQ("2c2\n< b\n---\n> b c\x01\n\\ No newline at end of file\n", accepted.out);
+// Pairs that differ in one way each: what counts, what is said, what the
+// ignore flags take away, and that patch still rebuilds the target.
+TEST_F(VndiffTest, EachKindOfDifferenceInFormIsCountedAndSaid) {
+  const std::string padding(70000, 'x');  // past any sniffed head
+  setenv("LC_ALL", "C.UTF-8", 1);  // where the ANSI code page can't read Latin-1
+  const struct {
+    const char* name;
+    std::string source, target;
+    const char* said;     // the first line of the output
+    const char* ignore;   // the flag that makes the pair the same, or null
+    bool patchable;
+  } cases[] = {
+      {"bom", "caf\xC3\xA9\n", "\xEF\xBB\xBF" "caf\xC3\xA9\n", "encoding: UTF-8 / UTF-8 with BOM", "--ignore-encoding", false},
+      {"encoding", "caf\xC3\xA9\n", Utf16Le("caf", true) + std::string("\xE9\0", 2) + Utf16Le("\n", false),
+       "encoding: UTF-8 / UTF-16LE with BOM", "--ignore-encoding", false},
+      {"8-bit", "caf\xC3\xA9\n", "caf\xE9\n", "encoding: UTF-8 / Windows-1252", "--ignore-encoding", false},
+      {"deep", padding + "\ncaf\xE9\n", padding + "\ncaf\xC3\xA9\n", "encoding: Windows-1252 / UTF-8",
+       "--ignore-encoding", false},
+      {"ascii", "cafe\n", "cafe\n\xC3\xA9\n", "1a2", nullptr, true},
+      {"line ends", "a\nb\n", "a\r\nb\r\n", "line ends: LF / CR LF", "--ignore-line-ends", true},
+      {"final newline", "a\nb\n", "a\nb", "final newline: yes / no", "--ignore-line-ends", true},
+      {"binary", std::string("x\0y", 3), std::string("x\0z", 3), "Binary files s and t differ", nullptr, false},
+      {"binary equal", std::string("x\0y", 3), std::string("x\0y", 3), nullptr, nullptr, false},
+      {"text and binary", "x y\n", std::string("x\0y\n", 4), "Binary files s and t differ", nullptr, false},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.name);
+    Write("s", c.source);
+    Write("t", c.target);
+    Outcome r = Vndiff("s t");
+    EXPECT_EQ(c.said ? 1 : 0, r.status) << r.err;
+    EXPECT_EQ(c.said ? std::string(c.said) + "\n" : "", r.out.substr(0, r.out.find('\n') + 1));
+    EXPECT_EQ(c.said ? "Files s and t differ\n" : "", Vndiff("-q s t").out);
+    if (c.ignore) {
+      Outcome ignored = Vndiff(std::string(c.ignore) + " s t");
+      EXPECT_EQ(0, ignored.status);
+      EXPECT_EQ(std::string(c.said) + "\n", ignored.out);  // still said
+    }
+    if (c.patchable && HavePatch()) {
+      Write("p", Vndiff("-u s t").out);
+      EXPECT_EQ(0, system(("cd '" + m_dir + "' && patch -s -o rebuilt s p > /dev/null 2>&1").c_str()));
+      EXPECT_EQ(c.target, Read("rebuilt"));
+    }
+  }
+  Outcome asked = Vndiff("--binary=yes s t");  // the last pair, line by line
+  EXPECT_EQ(1, asked.status);
+  EXPECT_EQ(0u, asked.out.find("1c1\n< x y\n---\n> x y"));
+  unsetenv("LC_ALL");
+}
+
+// Under a UTF-8 locale a Latin-1 file is still read right: by its content.
+TEST_F(VndiffTest, EncodingIsChosenByContentUnderAnyLocale) {
+  Write("latin1", "caf\xE9\n");
+  Write("utf8", "caf\xC3\xA9\n");
+  for (const char* locale : {"C.UTF-8", "C"}) {
+    SCOPED_TRACE(locale);
+    setenv("LC_ALL", locale, 1);
+    Outcome r = Vndiff("--ignore-encoding latin1 utf8");
+    EXPECT_EQ(0, r.status) << r.out;
+    r = Vndiff("--info latin1 utf8");
+    EXPECT_NE(std::string::npos, r.out.find("1252  (ANSI - Latin I) (by content)\n")) << r.out;
+    EXPECT_NE(std::string::npos, r.out.find("UTF-8) (by content)\n")) << r.out;
+    EXPECT_NE(std::string::npos, Vndiff("--encoding=utf-8 --info latin1").out.find("(by user)"));
+  }
+  unsetenv("LC_ALL");
+}
+
+// Pipes and devices are streams whatever size they report: read to their
+// end, and refused past 4 GiB instead of hanging or reading short.
+TEST_F(VndiffTest, PipesAndDevicesAreReadAsStreams) {
+  Write("f", "a\n");
+  const std::string bash = "bash -c \"" + std::string(VNDIFF_PATH);
+  const std::string quiet = " > '" + Path(".out") + "' 2> '" + Path(".err") + "'";
+  const int differ = system((bash + " <(printf 'a\\nb\\n') <(printf 'a\\nc\\n')\"" + quiet).c_str());
+  EXPECT_EQ(1, WEXITSTATUS(differ));
+  EXPECT_NE(std::string::npos, Read(".out").find("2c2\n< b\n---\n> c\n")) << Read(".out") << Read(".err");
+  EXPECT_EQ(0, WEXITSTATUS(system((bash + " <(printf 'a\\n') <(printf 'a\\n')\"" + quiet).c_str())));
+  Outcome zero = Vndiff("/dev/zero f");
+  EXPECT_EQ(2, zero.status);
+  EXPECT_EQ("vndiff: /dev/zero: file of 4 GiB or more; files below 4 GiB only are compared\n", zero.err);
 }
 
 TEST_F(VndiffTest, InfoDescribesEachFile) {
@@ -214,13 +281,14 @@ TEST_F(VndiffTest, InfoDescribesEachFile) {
   Write("bin", std::string("\0", 1));
   Outcome r = Vndiff("--info utf16 bin");
   EXPECT_EQ(0, r.status);
-  EXPECT_EQ("utf16\n  type:            Unicode\n  encoding:        UTF-16 (Little Endian)\n"
+  EXPECT_EQ("utf16\n  type:            Unicode\n  encoding:        UTF-16 (Little Endian) (by byte order mark)\n"
             "  code page:       70001\n  byte order mark: yes\n  lines:           3\n"
-            "bin\n  type:            binary\n  encoding:        binary\n"
+            "  line ends:       LF\n  final newline:   no\n"
+            "bin\n  type:            binary\n  encoding:        binary (by content)\n"
             "  code page:       65001\n  byte order mark: no\n  lines:           1\n",
             r.out);
   r = Vndiff("--encoding=1252 --info latin1");
-  EXPECT_NE(std::string::npos, r.out.find("encoding:        1252  (ANSI - Latin I)\n"));
+  EXPECT_NE(std::string::npos, r.out.find("encoding:        1252  (ANSI - Latin I) (by user)\n"));
   r = Vndiff("--info latin1 missing");
   EXPECT_EQ(2, r.status);
   EXPECT_NE(std::string::npos, r.out.find("latin1\n"));

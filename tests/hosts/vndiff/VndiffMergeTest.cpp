@@ -84,7 +84,7 @@ TEST_F(VndiffMergeTest, BadInputEndsWithStatusTwoAndNamesTheFile) {
       {"--merge l b r x", "vndiff: extra operand 'x'"},
       {"--merge -L 1 -L 2 -L 3 -L 4 l b r", "vndiff: option '-L' given more often"},
       {"--merge -u l b r", "vndiff: option for an output form"},
-      {"--merge -w l b r", "vndiff: option -w, -i or --ignore-line-ends given with --merge"},
+      {"--merge -w l b r", "vndiff: option -w, -i, -q or --ignore-... given with --merge"},
       {"--merge --source-encoding=utf-8 l b r", "vndiff: option --source-encoding"},
       {"--merge --diff3 l r", "vndiff: option '--diff3' needs BASE"},
       {"--diff3 l r", "vndiff: option '--diff3' needs --merge"},
