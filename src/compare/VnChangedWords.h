@@ -23,9 +23,10 @@
 // 3. Rows.  A paired line stands level with its partner, on a Changed row.
 //    Unpaired lines between two pairs face each other on Changed rows as far
 //    as both sides have them, and are marked whole; the rest face a gap
-//    (Deleted, Inserted rows).  A block of one Change record whose lines
-//    pair first with first, second with second gets the rows
-//    CVnComparison::GetRows gives it.
+//    (Deleted, Inserted rows).  A block of as many lines on each side, at
+//    least half of them like the line at their place on the other side, is
+//    taken in order without the alignment: the rows CVnComparison::GetRows
+//    gives, like lines marked by words, the others whole.
 //
 // Ranges are in the line's own units: UTF-16 units for decoded text (what a
 // pane holds), bytes for raw text.  Under ignore case, letters that differ
@@ -88,6 +89,33 @@ VN_API void VnMarkChangedUnits(CVnLineUnits a, CVnLineUnits b, bool wide, const 
 VN_API std::vector<CVnMarkedRow> VnBlockRows(const CVnComparedFile& source, const CVnComparedFile& target,
                                              const CVnChangeSpan& block, const CVnWordOptions& options);
 
+// A line's marks, as CVnChangedWords holds them.
+struct CVnMarks {
+  const CVnUnitRange* m_pBegin = nullptr;
+  const CVnUnitRange* m_pEnd = nullptr;
+  const CVnUnitRange* begin() const { return m_pBegin; }
+  const CVnUnitRange* end() const { return m_pEnd; }
+  size_t size() const { return static_cast<size_t>(m_pEnd - m_pBegin); }
+  bool empty() const { return m_pBegin == m_pEnd; }
+  const CVnUnitRange& operator[](size_t i) const { return m_pBegin[i]; }
+};
+
+// The marks of many lines in one array, added in the order of their lines.
+class VN_API CVnMarkStore {
+public:
+  void Add(long line, const CVnUnitRange* ranges, size_t count);
+  void Add(long line, const std::vector<CVnUnitRange>& ranges) { Add(line, ranges.data(), ranges.size()); }
+  CVnMarks Find(long line) const;
+
+private:
+  struct Entry {
+    long m_nLine;
+    size_t m_nFirst, m_nCount;
+  };
+  std::vector<Entry> m_entries;
+  std::vector<CVnUnitRange> m_ranges;
+};
+
 // Every row of a compared comparison, blocks paired and marked, with the
 // comparison's own ignore case and ignore white space.
 class VN_API CVnChangedWords {
@@ -97,15 +125,11 @@ public:
   const std::vector<CVnAlignedRow>& GetRows() const { return m_rows; }
   // The ranges to mark in a line (0-based) of side: none for a line that
   // is not on a Changed row, or that equals its partner.
-  const std::vector<CVnUnitRange>& GetMarks(CVnComparison::Side side, long line) const;
+  CVnMarks GetMarks(CVnComparison::Side side, long line) const { return m_marks[side].Find(line); }
 
 private:
-  struct LineMarks {
-    long m_nLine;
-    std::vector<CVnUnitRange> m_ranges;
-  };
   std::vector<CVnAlignedRow> m_rows;
-  std::vector<LineMarks> m_marks[2];  // by line
+  CVnMarkStore m_marks[2];
 };
 
 #endif  // VN_COMPARE_VNCHANGEDWORDS_H

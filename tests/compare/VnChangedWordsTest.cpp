@@ -17,7 +17,8 @@ using vn::test::TempFile;
 using vn::test::W;
 
 // The line with each marked range in brackets.
-std::string Bracketed(const std::string& line, const std::vector<CVnUnitRange>& ranges) {
+template <class Ranges>
+std::string Bracketed(const std::string& line, const Ranges& ranges) {
   std::string out;
   size_t at = 0;
   for (const CVnUnitRange& r : ranges) {
