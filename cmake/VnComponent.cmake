@@ -18,7 +18,7 @@ if(WIN32)
   # private: each module carries its own copy, and an exported _Unwind_Resume
   # would clash with the one every executable links.
   target_link_options(vnreconcile PRIVATE -Wl,--export-all-symbols -Wl,--exclude-libs,ALL)
-  target_link_libraries(vnreconcile PUBLIC comctl32 comdlg32 gdi32 user32 advapi32 shell32 ole32 oleaut32 uuid shlwapi version winspool)
+  target_link_libraries(vnreconcile PUBLIC comctl32 comdlg32 gdi32 user32 advapi32 shell32 ole32 oleaut32 uuid shlwapi uxtheme version winspool)
   # The resource compiler finds the scripts' own includes beside them.
   target_include_directories(vnreconcile PRIVATE ${CMAKE_SOURCE_DIR}/src/resources)
 else()

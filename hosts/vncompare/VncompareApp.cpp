@@ -14,10 +14,17 @@
 
 namespace {
 
+// A file without a byte order mark is read in the encoding its bytes show.
+CVnCompareOptions ByContent() {
+  CVnCompareOptions options;
+  options.m_bEncodingByContent = true;
+  return options;
+}
+
 struct Arguments {
   CString files[2];
   int fileCount = 0;
-  CVnCompareOptions options;
+  CVnCompareOptions options = ByContent();
   bool differencesOnly = false;
   bool headless = false;
   bool help = false;
@@ -32,6 +39,10 @@ bool ReadArguments(const CString* args, int count, Arguments& out, CString& bad)
       out.options.m_bIgnoreCase = true;
     else if (a == L"-w" || a == L"--ignore-whitespace")
       out.options.m_bIgnoreWhitespace = true;
+    else if (a == L"--ignore-encoding")
+      out.options.m_bIgnoreEncoding = true;
+    else if (a == L"--ignore-line-ends")
+      out.options.m_bIgnoreLineEnds = true;
     else if (a == L"--differences-only")
       out.differencesOnly = true;
     else if (a == L"--headless")

@@ -4,6 +4,7 @@
 #include "VncompareResource.h"
 #include "afx/win32/AfxMsgMap.h"
 #include "afx/win32/CWinApp.h"
+#include "compare/VnFileCaption.h"
 #include "foundation/LocalResources.h"
 #include "toolkit/VnFilePickers.h"
 #include "toolkit/VnDlgAbout.h"
@@ -97,7 +98,7 @@ int CVnCompareFrame::DoDiff() {
     return 0;
   }
   m_pComparison = std::move(comparison);
-  m_nExitStatus = m_pComparison->IsSame() ? 0 : 1;
+  m_nExitStatus = m_pComparison->Differs() ? 1 : 0;
   return 1;
 }
 
@@ -117,6 +118,9 @@ int CVnCompareFrame::DoDisplay() {
 // tab stops and bars, and goes to the first difference.
 void CVnCompareFrame::Show() {
   m_view.Show(*m_pComparison, *Pane(0), *Pane(1), *this, m_DisplayOptions.GetDisplayDiffOnly() != 0);
+  m_wndStatusBar.SetPaneText(0, VnFormSummary(VnFormDifferences(m_pComparison->GetFile(CVnComparison::Source).GetFacts(),
+                                                                m_pComparison->GetFile(CVnComparison::Target).GetFacts()),
+                                              m_pComparison->IsSame()));
   const CHARFORMATW& format = GetDefaultCharFormat();
   m_wndSplitter.SetTabStops(format, m_DisplayOptions.GetTabSize());
   m_wndSplitter.ResizeInternalPanes(m_wndSplitter.GetLineNumWidth(format, m_DisplayOptions.GetShowLineNum()));
@@ -237,8 +241,10 @@ void CVnCompareFrame::OnUpdateDifferences(CCmdUI* cmdUI) {
     return;
   int count = static_cast<int>(m_view.GetBlocks().size());
   CString text;
-  if (m_pComparison->IsSame())
+  if (!m_pComparison->Differs())
     text = LoadLocalString(::GetModuleHandleW(nullptr), IDS_SAME);
+  else if (count == 0)
+    text = LoadLocalString(::GetModuleHandleW(nullptr), IDS_SAME_TEXT);
   else
     text.Format(LoadLocalString(::GetModuleHandleW(nullptr), IDS_DIFFERENCES), count);
   cmdUI->SetText(text);
@@ -301,7 +307,7 @@ void CVnCompareFrame::OnOpen() {
   m_options = options;
   m_pComparison = std::move(old);
   if (m_pComparison)
-    m_nExitStatus = m_pComparison->IsSame() ? 0 : 1;
+    m_nExitStatus = m_pComparison->Differs() ? 1 : 0;
 }
 
 void CVnCompareFrame::OnToolsOptions() { OnOptions(0); }

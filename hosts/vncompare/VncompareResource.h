@@ -20,6 +20,7 @@
 #define IDS_DIFFERENCES 32802
 #define IDS_POSITION 32803
 #define IDS_OPEN_FILTER 32804
+#define IDS_SAME_TEXT 32805
 
 // The caption the library's About box takes from the host.
 #define IDS_ABOUT_CAPTION 169

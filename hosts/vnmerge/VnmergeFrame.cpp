@@ -4,6 +4,7 @@
 #include "VnmergeResource.h"
 #include "afx/win32/AfxMsgMap.h"
 #include "afx/win32/CWinApp.h"
+#include "compare/VnChangedWords.h"
 #include "compare/VnFileCaption.h"
 #include "foundation/LocalResources.h"
 #include "foundation/VnProcess.h"
@@ -11,7 +12,9 @@
 #include "window/VnLineNumPane.h"
 #include "window/VnPaneMessages.h"
 #include "window/VnPaneSync.h"
+#include "window/VnComparisonView.h"
 #include "window/VnPaneWnd.h"
+#include "window/VnRichEditPane.h"
 #include "window/VnTextPane.h"
 
 #include <algorithm>
@@ -69,6 +72,12 @@ struct PaneRows {
     const CHARFORMATW* format;
   };
   std::vector<Run> runs;
+  struct Mark {
+    long row;
+    size_t begin, end;
+    const CHARFORMAT2W* format;
+  };
+  std::vector<Mark> marks;
 
   void Add(const CString& line, long number) {
     if (rows) {
@@ -93,6 +102,19 @@ struct PaneRows {
     if (format && rows > first)
       runs.push_back({first, rows - 1, format});
   }
+  // A line of a block, or a blank row for its gap; its marks in format.
+  void AddRow(const CVnDiffArg& lines, long line, const std::vector<CVnUnitRange>& ranges,
+              const CHARFORMATW* lineFormat, const CHARFORMAT2W* markFormat) {
+    if (line < 0) {
+      Add(CString(), 0);
+      return;
+    }
+    Add(LineText(lines, line), line + 1);
+    Colour(rows - 1, lineFormat);
+    if (markFormat)
+      for (const CVnUnitRange& r : ranges)
+        marks.push_back({rows - 1, r.m_nBegin, r.m_nEnd, markFormat});
+  }
   void PadTo(long count) {
     while (rows < count)
       Add(CString(), 0);
@@ -105,6 +127,9 @@ struct PaneRows {
     pane.GetLineNumPane()->SetWindowText(numbers);
     for (const Run& run : runs)
       pane.ColorSelection(static_cast<int>(run.first) + 1, static_cast<int>(run.last) + 1, *run.format);
+    for (const Mark& mark : marks)
+      pane.ColorCharacters(static_cast<int>(mark.row) + 1, static_cast<int>(mark.begin), static_cast<int>(mark.end),
+                           *mark.format);
     pane.SetEventMask(mask);
   }
 };
@@ -212,7 +237,9 @@ int CVnMergeFrame::DoDiff() {
     AfxMessageBox(m_strMerged + _T(": ") + why, MB_ICONSTOP);
     return 0;
   }
-  auto merge = std::make_unique<CVnMerge>();
+  CVnMergeOptions options;
+  options.m_bEncodingByContent = true;
+  auto merge = std::make_unique<CVnMerge>(options);
   try {
     if (!merge->Open(CVnMerge::Local, m_strLocal) || (!m_strBase.IsEmpty() && !merge->Open(CVnMerge::Base, m_strBase)) ||
         !merge->Open(CVnMerge::Remote, m_strRemote))
@@ -263,6 +290,11 @@ void CVnMergeFrame::Fill() {
   CHARFORMATW conflictFormat = GetDeleteCharFormat();
   conflictFormat.dwEffects &= ~CFE_STRIKEOUT;
   const CHARFORMATW* conflict = &conflictFormat;
+  const CHARFORMAT2W localMarks = VnChangedWordsFormat(*fromLocal), remoteMarks = VnChangedWordsFormat(*fromRemote),
+                     conflictMarks = VnChangedWordsFormat(conflictFormat);
+  const CVnComparedFile& localFile = m_pMerge->GetFile(CVnMerge::Local);
+  const CVnComparedFile& remoteFile = m_pMerge->GetFile(CVnMerge::Remote);
+  const bool wide = localFile.IsWide() && remoteFile.IsWide();
   PaneRows left, right, merged;
   m_layout = CVnMergeLayout();
   m_conflicts.clear();
@@ -279,8 +311,21 @@ void CVnMergeFrame::Fill() {
                                      : r.m_nKind == VnMergeKind::Remote || r.m_nKind == VnMergeKind::Both ? fromRemote
                                                                                                            : nullptr;
     long top = left.rows;
-    left.AddLines(local, r.m_local, leftFormat, true);
-    right.AddLines(remote, r.m_remote, rightFormat, true);
+    if (r.m_local.m_nCount && r.m_remote.m_nCount && r.m_nKind != VnMergeKind::Unchanged &&
+        r.m_nKind != VnMergeKind::Both && wide) {
+      // Like lines of the two sides level, the words that changed marked
+      // on each side that changed.
+      const CHARFORMAT2W* leftMarks = leftFormat == conflict ? &conflictMarks : leftFormat ? &localMarks : nullptr;
+      const CHARFORMAT2W* rightMarks = rightFormat == conflict ? &conflictMarks : rightFormat ? &remoteMarks : nullptr;
+      const CVnChangeSpan block = {r.m_local.m_nBegin, r.m_local.m_nCount, r.m_remote.m_nBegin, r.m_remote.m_nCount};
+      for (const CVnMarkedRow& row : VnBlockRows(localFile, remoteFile, block, CVnWordOptions())) {
+        left.AddRow(local, row.m_row.m_nSource, row.m_source, leftFormat, leftMarks);
+        right.AddRow(remote, row.m_row.m_nTarget, row.m_target, rightFormat, rightMarks);
+      }
+    } else {
+      left.AddLines(local, r.m_local, leftFormat, true);
+      right.AddLines(remote, r.m_remote, rightFormat, true);
+    }
     long rows = std::max(std::max(left.rows, right.rows), top + (isConflict ? 1 : 0));
     left.PadTo(rows);
     right.PadTo(rows);
@@ -340,6 +385,11 @@ void CVnMergeFrame::Show() {
   Pane(0)->SetCaption(_T("LOCAL: ") + VnFileCaption(m_pMerge->GetFile(CVnMerge::Local).GetFacts()));
   Pane(1)->SetCaption(_T("REMOTE: ") + VnFileCaption(m_pMerge->GetFile(CVnMerge::Remote).GetFacts()));
   Pane(2)->SetCaption(_T("MERGED: ") + m_strMerged);
+  const bool formsDiffer = !VnFormDifferences(m_pMerge->GetFile(CVnMerge::Local).GetFacts(),
+                                              m_pMerge->GetFile(CVnMerge::Remote).GetFacts())
+                                 .empty();
+  for (int k = 0; k < 2; ++k)
+    Pane(k)->SetCaptionColor(formsDiffer ? kVnFormWarningColor : CLR_DEFAULT);
   int conflict = m_nConflict;
   Fill();
   const CHARFORMATW& format = GetDefaultCharFormat();

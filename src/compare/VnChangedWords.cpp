@@ -271,7 +271,7 @@ void Marker<U>::PairPiece(long s0, long s1, long t0, long t1, std::vector<CVnLin
                                    m_units[b]);
       if (like >= kMinLikeness) {
         const long paired = m_best[at - static_cast<size_t>(width) - 1] + static_cast<long>(like * 1000.0 + 0.5);
-        if (paired >= value)
+        if (paired > value)  // on a tie the earlier pair stays: rows keep their places
           value = paired, how = 2;
       }
       m_best[at] = value;

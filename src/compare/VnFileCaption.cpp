@@ -37,3 +37,16 @@ CString VnFileCaption(const CVnFileFacts& facts) {
   }
   return facts.m_strDisplayName + _T("  (") + parts + _T(")");
 }
+
+CString VnFormSummary(const std::vector<CVnFormDifference>& differences, bool sameText) {
+  static const TCHAR* const kNames[] = {_T("encoding"), _T("line ends"), _T("final newline")};
+  CString kinds;
+  for (size_t k = 0; k < differences.size(); ++k) {
+    if (k)
+      kinds += k + 1 == differences.size() ? _T(" and ") : _T(", ");
+    kinds += kNames[static_cast<int>(differences[k].m_nKind)];
+  }
+  if (kinds.IsEmpty())
+    return kinds;
+  return sameText ? _T("Files differ only in ") + kinds : _T("Also different: ") + kinds;
+}

@@ -9,11 +9,20 @@
 #define VN_COMPARE_VNFILECAPTION_H
 
 #include "compare/VnComparison.h"
+#include "compare/VnFormDifference.h"
+
+#include <vector>
 
 // "CR LF", "LF", "CR", "LF CR", "mixed line ends", "no line ends".
 VN_API CString VnLineEndName(VnLineEnd ends);
 // "name  (UTF-8, BOM, CR LF, no final newline)", "name  (UTF-8 by content,
 // LF)"; binary: "name  (binary)".
 VN_API CString VnFileCaption(const CVnFileFacts& facts);
+
+// One line on what differs in form, for a status bar: with the texts the
+// same, "Files differ only in line ends" ("in encoding", "in final
+// newline", kinds joined: "in encoding and line ends"); with the texts
+// different too, "Also different: line ends"; empty when nothing differs.
+VN_API CString VnFormSummary(const std::vector<CVnFormDifference>& differences, bool sameText);
 
 #endif  // VN_COMPARE_VNFILECAPTION_H

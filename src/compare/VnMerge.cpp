@@ -29,7 +29,7 @@ bool CVnMerge::Open(Side side, const CString& path) {
     m_files[side].ReadRaw(path);
     return true;
   }
-  return m_files[side].Read(path, m_options.m_nCodePage);
+  return m_files[side].Read(path, m_options.m_nCodePage, m_options.m_bEncodingByContent);
 }
 
 void CVnMerge::OpenBytes(Side side, const std::string& bytes, const CString& name) {

@@ -85,6 +85,9 @@ struct CVnMergeRegion {
 struct CVnMergeOptions {
   unsigned m_nCodePage = 0;  // every side's; 0: detect each
   bool m_bRaw = false;       // every side as bytes cut at LF, without the intake
+  // A side without a byte order mark is read in the encoding its bytes
+  // show (VnEncodingByContent.h), not always in the ANSI code page.
+  bool m_bEncodingByContent = false;
 };
 
 // How unresolved conflicts are written.  An empty label leaves the marker

@@ -16,13 +16,23 @@
 // just the changed blocks, each after a separator row, with the files' own
 // line numbers.  Either way the view keeps the rows it shows, which is what
 // the host steps through (GetBlocks) and what a row of a pane means.
+//
+// The rows are those of the changed words (VnChangedWords.h): within a
+// replaced block, like lines stand level, and the words that changed in a
+// Changed row get a background in a light shade of the replace colour.
+// Captions name each file's form; when the forms differ, both captions take
+// a warning colour.
 #ifndef VN_WINDOW_VNCOMPARISONVIEW_H
 #define VN_WINDOW_VNCOMPARISONVIEW_H
 
+#include "compare/VnChangedWords.h"
 #include "compare/VnDifferenceBlocks.h"
 
 class CVnPaneWnd;
 class CVnReconcileFrame;
+
+// The caption colour of two files whose forms differ: a pale amber.
+const COLORREF kVnFormWarningColor = RGB(255, 214, 140);
 
 class VN_API CVnComparisonView {
 public:
@@ -37,9 +47,12 @@ public:
   const std::vector<CVnRowBlock>& GetBlocks() const { return m_blocks; }
 
 private:
-  void ShowAll(const CVnComparison& comparison, CVnPaneWnd* panes[2], const CVnReconcileFrame& frame);
-  void ShowDifferences(const CVnComparison& comparison, CVnPaneWnd* panes[2], const CVnReconcileFrame& frame);
+  void ShowAll(const CVnComparison& comparison, const std::vector<CVnAlignedRow>& rows, CVnPaneWnd* panes[2],
+               const CVnReconcileFrame& frame);
+  void ShowDifferences(const CVnComparison& comparison, const std::vector<CVnAlignedRow>& rows, CVnPaneWnd* panes[2],
+                       const CVnReconcileFrame& frame);
   void Colour(CVnPaneWnd* panes[2], const CVnReconcileFrame& frame);
+  void MarkWords(const CVnChangedWords& words, CVnPaneWnd* panes[2], const CVnReconcileFrame& frame);
 
   std::vector<CVnAlignedRow> m_rows;
   std::vector<CVnRowBlock> m_blocks;

@@ -2,6 +2,8 @@
 #include "window/VnComparisonView.h"
 
 #include "compare/VnFileCaption.h"
+#include "compare/VnFormDifference.h"
+#include "window/VnRichEditPane.h"
 #include "window/VnLineNumPane.h"
 #include "window/VnPaneWnd.h"
 #include "window/VnReconcileFrame.h"
@@ -57,18 +59,25 @@ private:
 void CVnComparisonView::Show(const CVnComparison& comparison, CVnPaneWnd& source, CVnPaneWnd& target,
                              const CVnReconcileFrame& frame, bool differencesOnly) {
   CVnPaneWnd* panes[2] = {&source, &target};
+  const bool formsDiffer = !VnFormDifferences(comparison.GetFile(CVnComparison::Source).GetFacts(),
+                                              comparison.GetFile(CVnComparison::Target).GetFacts())
+                                 .empty();
   for (int side = 0; side < 2; ++side) {
     panes[side]->SetLineTerminator(L"\r\n");
     panes[side]->SetCaption(VnFileCaption(comparison.GetFile(kSides[side]).GetFacts()));
+    panes[side]->SetCaptionColor(formsDiffer ? kVnFormWarningColor : CLR_DEFAULT);
   }
   bool wide = comparison.GetFile(CVnComparison::Source).IsWide() && comparison.GetFile(CVnComparison::Target).IsWide();
+  const CVnChangedWords words(comparison);
   {
     PaneBatch quietSource(source), quietTarget(target);
     if (differencesOnly && wide)
-      ShowDifferences(comparison, panes, frame);
+      ShowDifferences(comparison, words.GetRows(), panes, frame);
     else
-      ShowAll(comparison, panes, frame);
+      ShowAll(comparison, words.GetRows(), panes, frame);
     Colour(panes, frame);
+    if (wide)
+      MarkWords(words, panes, frame);
   }
   m_blocks = VnDifferenceBlocks(m_rows);
 }
@@ -77,9 +86,9 @@ void CVnComparisonView::Show(const CVnComparison& comparison, CVnPaneWnd& source
 
 // Gaps in the source pane are blank rows; in the target pane a gap facing
 // deleted lines shows their text, any other gap is blank.
-void CVnComparisonView::ShowAll(const CVnComparison& comparison, CVnPaneWnd* panes[2],
-                                const CVnReconcileFrame& frame) {
-  m_rows = comparison.GetRows();
+void CVnComparisonView::ShowAll(const CVnComparison& comparison, const std::vector<CVnAlignedRow>& rows,
+                                CVnPaneWnd* panes[2], const CVnReconcileFrame& frame) {
+  m_rows = rows;
   for (int side = 0; side < 2; ++side) {
     const CVnComparedFile& file = comparison.GetFile(kSides[side]);
     panes[side]->SetDefaultText(const_cast<unsigned char*>(file.GetBuffer()), static_cast<int>(file.GetBufferSize()),
@@ -106,10 +115,9 @@ void CVnComparisonView::ShowAll(const CVnComparison& comparison, CVnPaneWnd* pan
 
 //===-- The differences-only view ------------------------------------------===//
 
-void CVnComparisonView::ShowDifferences(const CVnComparison& comparison, CVnPaneWnd* panes[2],
-                                        const CVnReconcileFrame& frame) {
+void CVnComparisonView::ShowDifferences(const CVnComparison& comparison, const std::vector<CVnAlignedRow>& all,
+                                        CVnPaneWnd* panes[2], const CVnReconcileFrame& frame) {
   m_rows.clear();
-  std::vector<CVnAlignedRow> all = comparison.GetRows();
   for (const CVnRowBlock& block : VnDifferenceBlocks(all)) {
     m_rows.push_back({-1, -1, VnRowKind::Same});
     m_rows.insert(m_rows.end(), all.begin() + block.m_nFirst, all.begin() + block.m_nLast + 1);
@@ -160,5 +168,18 @@ void CVnComparisonView::Colour(CVnPaneWnd* panes[2], const CVnReconcileFrame& fr
         panes[side]->ColorSelection(static_cast<int>(begin) + 1, static_cast<int>(end), *format);
       begin = end;
     }
+  }
+}
+
+// The marks of each side's line on a Changed row, in that row.
+void CVnComparisonView::MarkWords(const CVnChangedWords& words, CVnPaneWnd* panes[2], const CVnReconcileFrame& frame) {
+  const CHARFORMAT2W format = VnChangedWordsFormat(frame.GetReplaceCharFormat());
+  for (size_t r = 0; r < m_rows.size(); ++r) {
+    if (m_rows[r].m_nKind != VnRowKind::Changed)
+      continue;
+    for (int side = 0; side < 2; ++side)
+      for (const CVnUnitRange& range : words.GetMarks(kSides[side], LineOf(m_rows[r], side)))
+        panes[side]->ColorCharacters(static_cast<int>(r) + 1, static_cast<int>(range.m_nBegin),
+                                     static_cast<int>(range.m_nEnd), format);
   }
 }

@@ -62,6 +62,8 @@ public:
 
   // The caption's text; a null text changes nothing.  Gives 1.
   int SetCaption(LPCWSTR text, int update = TRUE);
+  // The caption's background: a colour, or CLR_DEFAULT for the system's.
+  void SetCaptionColor(COLORREF color);
   CString GetCaption() const;
 
   // The frame above: the parent, or through at most two splitters; null
@@ -97,6 +99,7 @@ public:
   // On the text pane only: the number column is the host's to mend.
   void InsertLine(int line, LPCWSTR text);
   void DeleteLine(int line);
+  void ColorCharacters(int line, int start, int end, const CHARFORMAT2W& format);
 
   void HideSelection(int hide, int permanent);
   // Text pane first; stops at the first child that gives 0.

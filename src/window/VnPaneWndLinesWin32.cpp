@@ -100,6 +100,11 @@ void CVnPaneWnd::InsertLine(int line, LPCWSTR text) {
   m_pTextPane->InsertLine(line, text);
 }
 
+void CVnPaneWnd::ColorCharacters(int line, int start, int end, const CHARFORMAT2W& format) {
+  VN_ASSERT_CHILDREN();
+  m_pTextPane->ColorCharacters(line, start, end, format);
+}
+
 void CVnPaneWnd::DeleteLine(int line) {
   VN_ASSERT_CHILDREN();
   m_pTextPane->DeleteLine(line);

@@ -16,6 +16,9 @@
 #include "window/VnPaneMessages.h"
 #include "window/VnTextPane.h"
 
+#include <commctrl.h>
+#include <uxtheme.h>
+
 #include <cassert>
 
 IMPLEMENT_DYNCREATE(CVnPaneWnd, CWnd)
@@ -121,6 +124,16 @@ int CVnPaneWnd::SetCaption(LPCWSTR text, int update) {
   if (text)
     m_wndCaption.SetPaneText(0, text, update);
   return 1;
+}
+
+// A themed status bar paints its own background whatever colour it is
+// given: a coloured caption is drawn without the theme.
+void CVnPaneWnd::SetCaptionColor(COLORREF color) {
+  if (color == CLR_DEFAULT)
+    ::SetWindowTheme(m_wndCaption.m_hWnd, nullptr, nullptr);
+  else
+    ::SetWindowTheme(m_wndCaption.m_hWnd, L" ", L" ");
+  m_wndCaption.SendMessage(SB_SETBKCOLOR, 0, static_cast<LPARAM>(color));
 }
 
 CString CVnPaneWnd::GetCaption() const { return m_wndCaption.GetCount() ? m_wndCaption.GetPaneText(0) : CString(); }

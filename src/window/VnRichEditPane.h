@@ -37,6 +37,10 @@ class CVnDiffArg;
 class CVnDisplayOptions;
 class CVnPaneWnd;
 
+// The format of changed words inside lines shown in `lines`: a background
+// in a light shade of that format's colour, the text colour left alone.
+VN_API CHARFORMAT2W VnChangedWordsFormat(const CHARFORMATW& lines);
+
 class VN_API CVnRichEditPane : public CRichEditCtrl {
   DECLARE_DYNCREATE(CVnRichEditPane)
 public:
@@ -76,6 +80,9 @@ public:
   int SetDefaultCharFormat(CHARFORMATW& format);
   int ChangeCharFormat(const CHARFORMATW& format);
   void ColorSelection(int first, int last, const CHARFORMATW& format);
+  // Formats characters [start, end) of a line, counted from its first; a
+  // line beyond the end changes nothing.  Quiet like ColorSelection.
+  void ColorCharacters(int line, int start, int end, const CHARFORMAT2W& format);
   void SelectLines(int first, int last);
   void GetLineCharFormat(int line, CHARFORMATW& format);
 

@@ -260,6 +260,30 @@ void CVnRichEditPane::ColorSelection(int first, int last, const CHARFORMATW& for
   SetEventMask(mask);
 }
 
+void CVnRichEditPane::ColorCharacters(int line, int start, int end, const CHARFORMAT2W& format) {
+  int s = LineIndex(line - 1);
+  if (s < 0)
+    return;
+  DWORD mask = SetEventMask(0);
+  HideSelection(TRUE, TRUE);
+  SetSel(s + start, s + end);
+  CHARFORMAT2W cf = format;
+  SetSelectionCharFormat(cf);
+  SetEventMask(mask);
+}
+
+// Three parts white to one part of the colour: light enough that the line's
+// own text colour reads on it.
+CHARFORMAT2W VnChangedWordsFormat(const CHARFORMATW& lines) {
+  auto shade = [](unsigned channel) { return (channel + 3 * 255) / 4; };
+  const COLORREF c = lines.crTextColor;
+  CHARFORMAT2W format = {};
+  format.cbSize = sizeof(format);
+  format.dwMask = CFM_BACKCOLOR;
+  format.crBackColor = RGB(shade(GetRValue(c)), shade(GetGValue(c)), shade(GetBValue(c)));
+  return format;
+}
+
 void CVnRichEditPane::SelectLines(int first, int last) {
   int s = LineIndex(first - 1);
   int e = LineIndex(last);

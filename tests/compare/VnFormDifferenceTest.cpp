@@ -102,3 +102,29 @@ TEST(VnFileCaptionTest, NamesEncodingMarkLineEndsAndHowTheEncodingWasChosen) {
 }
 
 }  // namespace
+
+namespace {
+
+TEST(VnFormSummaryTest, NamesEveryKindThatDiffersAndWhetherTheTextDiffersToo) {
+  const CVnFormDifference encoding = {VnFormKind::Encoding, _T("UTF-8"), _T("UTF-16LE with BOM")};
+  const CVnFormDifference ends = {VnFormKind::LineEnds, _T("LF"), _T("CR LF")};
+  const CVnFormDifference last = {VnFormKind::FinalNewline, _T("yes"), _T("no")};
+  const struct {
+    std::vector<CVnFormDifference> differences;
+    bool sameText;
+    const TCHAR* summary;
+  } cases[] = {
+      {{}, true, _T("")},
+      {{}, false, _T("")},
+      {{ends}, true, _T("Files differ only in line ends")},
+      {{encoding}, true, _T("Files differ only in encoding")},
+      {{last}, true, _T("Files differ only in final newline")},
+      {{encoding, ends}, true, _T("Files differ only in encoding and line ends")},
+      {{encoding, ends, last}, true, _T("Files differ only in encoding, line ends and final newline")},
+      {{encoding}, false, _T("Also different: encoding")},
+  };
+  for (const auto& c : cases)
+    EXPECT_EQ(CString(c.summary), VnFormSummary(c.differences, c.sameText));
+}
+
+}  // namespace

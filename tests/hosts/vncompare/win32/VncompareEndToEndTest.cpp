@@ -11,6 +11,7 @@
 
 #include "afx/win32/AfxRes.h"
 #include "afx/win32/CGeometry.h"
+#include "compare/VnChangedWords.h"
 #include "compare/VnComparison.h"
 #include "compare/VnDifferenceBlocks.h"
 #include "foundation/VnRegistry.h"
@@ -18,6 +19,7 @@
 
 #include <gtest/gtest.h>
 
+#include <commctrl.h>
 #include <richedit.h>
 
 #include <filesystem>
@@ -78,14 +80,21 @@ struct Tool : vn::test::HostProcess {
   }
 };
 
-// What each pane must show row by row: the library's aligned rows.
+CVnCompareOptions ByContent() {
+  CVnCompareOptions options;
+  options.m_bEncodingByContent = true;
+  return options;
+}
+
+// What each pane must show row by row: the library's rows, like lines of a
+// replaced block level.
 void ExpectLibraryRows(const Tool& tool, const CString& oldPath, const CString& newPath,
-                       const CVnCompareOptions& options = CVnCompareOptions()) {
+                       const CVnCompareOptions& options = ByContent()) {
   CVnComparison comparison(options);
   ASSERT_TRUE(comparison.Open(CVnComparison::Source, oldPath) && comparison.Open(CVnComparison::Target, newPath));
   comparison.Compare();
   std::vector<std::wstring> left = tool.Rows(0), right = tool.Rows(1);
-  std::vector<CVnAlignedRow> rows = comparison.GetRows();
+  std::vector<CVnAlignedRow> rows = CVnChangedWords(comparison).GetRows();
   ASSERT_GE(left.size(), rows.size());
   ASSERT_EQ(left.size(), right.size());
   auto text = [&](CVnComparison::Side side, long line) {
@@ -131,6 +140,26 @@ COLORREF RowColor(HWND pane, long row) {
   CHARFORMATW format = {};
   format.cbSize = sizeof(format);
   return SendRemote(pane, EM_GETCHARFORMAT, SCF_SELECTION, format) ? format.crTextColor : 0xFFFFFFFF;
+}
+
+// The background of the character at `column` of a row; CLR_DEFAULT when
+// it has none of its own.
+COLORREF CharBackground(HWND pane, long row, long column) {
+  LRESULT start = ::SendMessageW(pane, EM_LINEINDEX, row, 0) + column;
+  ::SendMessageW(pane, EM_SETSEL, start, start + 1);
+  CHARFORMAT2W format = {};
+  format.cbSize = sizeof(format);
+  if (!SendRemote(pane, EM_GETCHARFORMAT, SCF_SELECTION, format))
+    return 0xFFFFFFFF;
+  return (format.dwEffects & CFE_AUTOBACKCOLOR) || !(format.dwMask & CFM_BACKCOLOR) ? CLR_DEFAULT : format.crBackColor;
+}
+
+// A part of a status bar of any process.
+std::wstring StatusText(HWND bar, int part) {
+  struct {
+    wchar_t text[512];
+  } buffer = {};
+  return SendRemote(bar, SB_GETTEXTW, part, buffer) ? std::wstring(buffer.text) : L"?";
 }
 
 LONG FirstTabStop(HWND pane) {
@@ -333,7 +362,7 @@ TEST(VncompareEndToEndTest, OptionsAndEncodingsFromTheMenus) {
         ::SendDlgItemMessageW(encoding, 1067, LB_SETCURSEL, i, 0);
     vn::test::PressButton(encoding, IDOK);
     ASSERT_TRUE(vn::test::WaitUntilGone(encoding));
-    CVnCompareOptions wide;
+    CVnCompareOptions wide = ByContent();
     wide.m_nTargetCodePage = 70001;
     ExpectLibraryRows(tool, oldPath, widePath, wide);
     EXPECT_EQ(0x123456u, RowColor(tool.TextPane(1), changedRow));
@@ -401,4 +430,102 @@ TEST(VncompareEndToEndTest, PrintsBothFilesFromTheFileMenu) {
   EXPECT_NE(std::string::npos, text.find("%%Title: Sideview Output"));
   ::PostMessageW(tool.frame, WM_CLOSE, 0, 0);
   EXPECT_EQ(1u, tool.Wait());
+}
+
+// A UTF-8 file with LF against a UTF-16LE file with a byte order mark and
+// CR LF: the captions name both forms in a warning colour, the status bar
+// says what else differs, and in replaced lines the changed words have a
+// background of their own.  Files that differ only in form say so, and
+// count as the same only when the form is ignored.
+TEST(VncompareEndToEndTest, MarksChangedWordsAndShowsDifferencesInForm) {
+  vn::test::ScratchDir dir;
+  CString oldPath = dir.Path() + _T("report-utf8.txt"), newPath = dir.Path() + _T("report-utf16.txt");
+  std::string oldText, newText;
+  for (int i = 1; i <= 24; ++i) {
+    std::string line = "line " + std::to_string(i) + ": the total of the caf\xC3\xA9 is counted";
+    oldText += line + "\n";
+    if (i == 5)
+      line = "line 5: the total of the caf\xC3\xA9 is summed twice";
+    else if (i == 9)
+      line = "line 9: the sum of the caf\xC3\xA9 is counted";
+    else if (i == 14)
+      line = "}";
+    newText += line + "\r\n";
+  }
+  auto writeUtf16 = [](const CString& path, const std::string& utf8) {
+    const CString text = vn::test::W(utf8.c_str());
+    std::ofstream out(vn::test::FsPath(path), std::ios::binary);
+    out.write("\xFF\xFE", 2);
+    out.write(reinterpret_cast<const char*>(text.GetString()), text.GetLength() * 2);
+  };
+  std::ofstream(vn::test::FsPath(oldPath), std::ios::binary) << oldText;
+  writeUtf16(newPath, newText);
+  CVnRegistry().DeleteSection(HKEY_CURRENT_USER, L"Software\\VnReconcile", L"vncompare");
+  auto quoted = [](const CString& a, const CString& b) {
+    return L"\"" + std::wstring(a.GetString()) + L"\" \"" + b.GetString() + L"\"";
+  };
+  {
+    Tool tool(quoted(oldPath, newPath));
+    ASSERT_TRUE(tool.frame);
+    ExpectLibraryRows(tool, oldPath, newPath);
+    ::Sleep(200);
+    const vn::test::Picture picture = vn::test::CaptureWindow(tool.frame);
+    vn::test::WritePng(picture, vn::test::ScreenshotPath(L"vncompare-changed-words.png"));
+
+    HWND captions[2] = {::GetDlgItem(::GetParent(tool.TextPane(0)), AFX_IDW_STATUS_BAR),
+                        ::GetDlgItem(::GetParent(tool.TextPane(1)), AFX_IDW_STATUS_BAR)};
+    const std::wstring left = StatusText(captions[0], 0), right = StatusText(captions[1], 0);
+    EXPECT_NE(std::wstring::npos, left.find(L"report-utf8.txt  (")) << std::string(left.begin(), left.end());
+    EXPECT_NE(std::wstring::npos, left.find(L"by content, LF)"));
+    EXPECT_NE(std::wstring::npos, right.find(L"BOM, CR LF)")) << std::string(right.begin(), right.end());
+    // The caption's far end, clear of its text, is in the warning colour.
+    CRect frameRect, captionRect;
+    ::GetWindowRect(tool.frame, &frameRect);
+    for (HWND caption : captions) {
+      ::GetWindowRect(caption, &captionRect);
+      const size_t x = static_cast<size_t>(captionRect.right - frameRect.left - 30);
+      const size_t y = static_cast<size_t>((captionRect.top + captionRect.bottom) / 2 - frameRect.top);
+      const unsigned char* rgb = &picture.rgb[(y * static_cast<size_t>(picture.width) + x) * 3];
+      EXPECT_EQ(RGB(255, 214, 140), RGB(rgb[0], rgb[1], rgb[2]));
+    }
+    EXPECT_EQ(L"Also different: encoding and line ends", StatusText(::GetDlgItem(tool.frame, AFX_IDW_STATUS_BAR), 0));
+
+    // Row 4 is line 5 on both sides: its changed words, and only they, are
+    // in the light shade of the replace colour; line 14 ("}") is not like
+    // its old line and is marked whole.
+    const COLORREF shade = RGB(191, 191, 255);
+    const struct {
+      int column;
+      long row, at;
+      bool marked;
+    } cases[] = {
+        {0, 4, 0, false},  {0, 4, 29, false}, {0, 4, 34, true},  {0, 4, 39, true},
+        {1, 4, 34, true},  {1, 4, 41, true},  {1, 4, 44, true},  {1, 8, 12, true},
+        {1, 8, 8, false},  {0, 8, 12, true},  {0, 13, 0, true},  {0, 13, 30, true},
+        {1, 13, 0, true},  {0, 3, 12, false}, {1, 3, 12, false},
+    };
+    for (const auto& c : cases)
+      EXPECT_EQ(c.marked ? shade : CLR_DEFAULT, CharBackground(tool.TextPane(c.column), c.row, c.at))
+          << "pane " << c.column << " row " << c.row << " column " << c.at;
+    ::PostMessageW(tool.frame, WM_CLOSE, 0, 0);
+    EXPECT_EQ(1u, tool.Wait());
+  }
+  // The same text in both forms: the status bar says what differs, and the
+  // files are the same only when that is ignored.
+  std::string sameText;
+  for (char c : oldText)
+    sameText += c == '\n' ? std::string("\r\n") : std::string(1, c);
+  writeUtf16(newPath, sameText);
+  const struct {
+    const wchar_t* flags;
+    unsigned status;
+  } runs[] = {{L"", 1}, {L"--ignore-encoding ", 1}, {L"--ignore-encoding --ignore-line-ends ", 0}};
+  for (const auto& run : runs) {
+    Tool tool(run.flags + quoted(oldPath, newPath));
+    ASSERT_TRUE(tool.frame);
+    EXPECT_EQ(L"Files differ only in encoding and line ends", StatusText(::GetDlgItem(tool.frame, AFX_IDW_STATUS_BAR), 0));
+    ::PostMessageW(tool.frame, WM_CLOSE, 0, 0);
+    EXPECT_EQ(run.status, tool.Wait()) << std::wstring(run.flags).size();
+  }
+  CVnRegistry().DeleteSection(HKEY_CURRENT_USER, L"Software\\VnReconcile", L"vncompare");
 }

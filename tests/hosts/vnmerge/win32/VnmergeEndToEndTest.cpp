@@ -87,6 +87,25 @@ struct Tool : vn::test::HostProcess {
     return ::GetDlgItem(pane, ::GetDlgCtrlID(pane));
   }
   std::vector<std::wstring> Rows(int k) const { return vn::test::ControlRows(TextPane(k)); }
+  // The background of the character at `column` of a row of pane k;
+  // CLR_DEFAULT when it has none of its own.
+  COLORREF Background(int k, long row, long column) const {
+    HWND pane = TextPane(k);
+    const LRESULT at = ::SendMessageW(pane, EM_LINEINDEX, row, 0) + column;
+    ::SendMessageW(pane, EM_SETSEL, at, at + 1);
+    DWORD pid = 0;
+    ::GetWindowThreadProcessId(pane, &pid);
+    HANDLE owner = ::OpenProcess(PROCESS_VM_OPERATION | PROCESS_VM_READ | PROCESS_VM_WRITE, FALSE, pid);
+    CHARFORMAT2W format = {};
+    format.cbSize = sizeof(format);
+    void* remote = ::VirtualAllocEx(owner, nullptr, sizeof(format), MEM_COMMIT, PAGE_READWRITE);
+    ::WriteProcessMemory(owner, remote, &format, sizeof(format), nullptr);
+    ::SendMessageW(pane, EM_GETCHARFORMAT, SCF_SELECTION, reinterpret_cast<LPARAM>(remote));
+    ::ReadProcessMemory(owner, remote, &format, sizeof(format), nullptr);
+    ::VirtualFreeEx(owner, remote, 0, MEM_RELEASE);
+    ::CloseHandle(owner);
+    return (format.dwEffects & CFE_AUTOBACKCOLOR) ? CLR_DEFAULT : format.crBackColor;
+  }
   // The selection's first and last rows.
   std::pair<long, long> Selected(int k) const {
     DWORD start = 0, end = 0;
@@ -163,6 +182,22 @@ TEST(VnmergeEndToEndTest, ResolvesTheConflictFromTheMenuAndSaves) {
   EXPECT_EQ(std::make_pair(4L, 9L), tool.Selected(2));
   ::Sleep(200);
   vn::test::WritePng(vn::test::CaptureWindow(tool.frame), vn::test::ScreenshotPath(L"vnmerge.png"));
+  // (The probes below move the selection.)  Changed words in a light shade of their region's colour, on the side
+  // that changed: LOCAL's rewritten line 2 whole (insert colour), the
+  // conflict's paired lines word by word (delete colour).
+  const COLORREF insertShade = RGB(191, 223, 191), conflictShade = RGB(255, 191, 191);
+  const struct {
+    int pane;
+    long row, column;
+    COLORREF background;
+  } marks[] = {
+      {0, 1, 0, insertShade},   {0, 1, 8, insertShade},     {1, 1, 0, CLR_DEFAULT}, {0, 4, 0, conflictShade},
+      {0, 4, 7, CLR_DEFAULT},   {0, 4, 11, conflictShade},  {1, 4, 0, conflictShade}, {1, 4, 8, CLR_DEFAULT},
+      {0, 5, 0, CLR_DEFAULT},   {0, 0, 0, CLR_DEFAULT},
+  };
+  for (const auto& m : marks)
+    EXPECT_EQ(m.background, tool.Background(m.pane, m.row, m.column))
+        << "pane " << m.pane << " row " << m.row << " column " << m.column;
 
   ::SendMessageW(tool.frame, WM_COMMAND, kMergeRemote, 0);
   std::vector<std::wstring> resolved = marked;
