@@ -212,7 +212,9 @@ int CVnMergeFrame::DoDiff() {
     AfxMessageBox(m_strMerged + _T(": ") + why, MB_ICONSTOP);
     return 0;
   }
-  auto merge = std::make_unique<CVnMerge>();
+  CVnMergeOptions options;
+  options.m_bEncodingByContent = true;
+  auto merge = std::make_unique<CVnMerge>(options);
   try {
     if (!merge->Open(CVnMerge::Local, m_strLocal) || (!m_strBase.IsEmpty() && !merge->Open(CVnMerge::Base, m_strBase)) ||
         !merge->Open(CVnMerge::Remote, m_strRemote))
