@@ -33,12 +33,7 @@ vn::test::AskedBox Report(CException& e, UINT type = MB_OK, UINT messageId = 0, 
 }
 
 // What an exception was asked for its text, and whether it was freed.
-struct Seen {
-  UINT size = 0;
-  bool helpPointer = false;
-  UINT helpValue = 0xBAD;
-  bool deleted = false;
-};
+struct Seen { UINT size = 0; bool helpPointer = false; UINT helpValue = 0xBAD; bool deleted = false; };
 
 // An exception that gives a fixed text and records how it is asked for it.
 class ProbeException : public CVnException {
@@ -66,14 +61,10 @@ public:
 
 // ReportError shows the text in a box, HandleError hands it back.
 TEST(VnExceptionTest, ReconcileExceptionShowsTheTextOfItsIdentifier) {
-  const struct {
-    UINT id;
-    const char* text;
-  } cases[] = {
+  const struct { UINT id; const char* text; } cases[] = {
       {0, "Internal error with ID 101 has been encountered.  Operation was unsuccessful."},
       {2, "Internal error with ID 103 has been encountered.  Operation was unsuccessful."},
-      {3, "Fails to copy to a temporary file."},
-      {4, "Unknown error."},
+      {3, "Fails to copy to a temporary file."}, {4, "Unknown error."},
       {165, "Unknown error."},  // the number of that text's entry is no identifier
       {0x80000000, "Unknown error."},  // negative as a signed number
       {0xFFFFFFFF, "Unknown error."},
@@ -170,10 +161,7 @@ TEST(VnExceptionTest, OsMessageIsAllOrNothingAndLeavesTheHelpContext) {
 }
 
 TEST(VnExceptionTest, ShellResultsBecomeSystemCodes) {
-  const struct {
-    DWORD result;
-    DWORD code;
-  } cases[] = {
+  const struct { DWORD result; DWORD code; } cases[] = {
       {2, 2}, {3, 3}, {5, 5}, {11, 11}, {26, 32}, {27, 1155}, {28, 1156}, {29, 1156}, {30, 1156}, {31, 1155},
       {32, 1157},
       // No failure, or a failure without its own code: out of memory.
@@ -247,11 +235,7 @@ TEST(VnExceptionTest, HandleErrorAsksWith4095AndNoHelpContextAndFreesTheExceptio
 }
 
 TEST(VnExceptionTest, HandleErrorTexts) {
-  const struct {
-    const char* what;
-    CException* exception;
-    const char* text;
-  } cases[] = {
+  const struct { const char* what; CException* exception; const char* text; } cases[] = {
       {"null exception", nullptr, kUnknownSystemError},
       {"OS code without text: no fallback", new CVnOSException(kCodeWithoutText), ""},
       {"the framework's own kind", new CInvalidArgException, "Encountered an improper argument."},
@@ -267,14 +251,7 @@ TEST(VnExceptionTest, HandleErrorTexts) {
 //===-- AfxLocalMessageBox -------------------------------------------------===//
 
 TEST(VnExceptionTest, LocalMessageBoxShowsTheNamedModulesString) {
-  const struct {
-    const char* what;
-    bool component;
-    UINT id;
-    UINT type;
-    UINT help;
-    const char* text;
-  } cases[] = {
+  const struct { const char* what; bool component; UINT id; UINT type; UINT help; const char* text; } cases[] = {
       {"a validation failure", true, 149, MB_ICONSTOP, 0, "Please click on a text pane first."},
       {"a question", true, 161, MB_YESNO | MB_ICONEXCLAMATION, 0,
        "%s is a binary file.  Continue the compare or merge operation?"},

@@ -48,12 +48,8 @@ Thrown Failure(LONG code, const CString& file) { return Thrown(code, U8(file)); 
 
 TEST(VnFileSystemTest, NamesWriteTheIdInEightUpperCaseHexDigits) {
   const CVnFileSystem store(_T("r"), 5);
-  struct Case {
-    unsigned long id, second;
-    const char *alone, *pair;
-  } cases[] = {
-      {0, 0, "00000000", "00000000.0"},
-      {0x1A2B, 7, "00001A2B", "00001A2B.7"},
+  struct Case { unsigned long id, second; const char *alone, *pair; } cases[] = {
+      {0, 0, "00000000", "00000000.0"}, {0x1A2B, 7, "00001A2B", "00001A2B.7"},
       {0xFFFFFFFFul, 0xFFFFFFFFul, "FFFFFFFF", "FFFFFFFF.-1"},
       {0xABCDEF, 0x80000000ul, "00ABCDEF", "00ABCDEF.-2147483648"},
   };
@@ -83,19 +79,14 @@ TEST(VnFileSystemTest, FileIdsAreReadFromTheNameBehindTheLastSeparator) {
     int result;
     unsigned long id, second;  // 99 where untouched
   } cases[] = {
-      {"c:\\store\\00001A2B.7", 1, 0x1A2B, 7},
-      {"c:/store/00001A2B.7", 1, 0x1A2B, 7},
-      {"c:\\store\\00001a2b.7", 1, 0x1A2B, 7},
-      {"c:\\store\\00001A2B", 0, 0x1A2B, 99},
-      {"c:\\store\\readme.txt", 0, 99, 99},
-      {"c:\\store\\FFFFFFFF.-1", 1, 0xFFFFFFFFul, 0xFFFFFFFFul},
+      {"c:\\store\\00001A2B.7", 1, 0x1A2B, 7}, {"c:/store/00001A2B.7", 1, 0x1A2B, 7},
+      {"c:\\store\\00001a2b.7", 1, 0x1A2B, 7}, {"c:\\store\\00001A2B", 0, 0x1A2B, 99},
+      {"c:\\store\\readme.txt", 0, 99, 99}, {"c:\\store\\FFFFFFFF.-1", 1, 0xFFFFFFFFul, 0xFFFFFFFFul},
       {"c:\\store\\00001A2B.txt", 0, 0x1A2B, 99},
       {"c:\\store\\123456789.5", 0, 0x12345678, 99},  // a ninth digit is not a dot
-      {"00000010.20", 1, 0x10, 20},                    // no separator at all
-      {"c:\\dir.5\\", 0, 99, 99},                       // nothing behind the separator
-      {"", 0, 99, 99},
-      {"c:\\s\\1.+4", 1, 1, 4},
-      {"c:\\s\\a.-", 0, 0xA, 99},
+      {"00000010.20", 1, 0x10, 20},  // no separator at all
+      {"c:\\dir.5\\", 0, 99, 99},  // nothing behind the separator
+      {"", 0, 99, 99}, {"c:\\s\\1.+4", 1, 1, 4}, {"c:\\s\\a.-", 0, 0xA, 99},
   };
   for (const Case& c : cases) {
     unsigned long id = 99, second = 99;

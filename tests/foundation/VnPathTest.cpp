@@ -50,22 +50,12 @@ TEST(VnPathTest, SeparatorsOfEitherKindAreFoundTestedAndTrimmedOneAtATime) {
 //===-- Splitting -----------------------------------------------------------===//
 
 TEST(VnPathTest, SplitFollowsTheRuntimeSplitRules) {
-  struct Case {
-    const char* path;
-    const char *dir, *file, *name, *ext;
-  } cases[] = {
-      {"c:\\a\\b.txt", "c:\\a\\", "b.txt", "b", "txt"},
-      {"c:\\a\\", "c:\\a\\", "", "", ""},
-      {"b.txt", "", "b.txt", "b", "txt"},
-      {"a.tar.gz", "", "a.tar.gz", "a.tar", "gz"},
-      {".profile", "", ".profile", "", "profile"},
-      {"c:", "c:", "", "", ""},
-      {"c:x.y", "c:", "x.y", "x", "y"},
-      {"", "", "", "", ""},
-      {"/a\\b/c.d", "/a\\b/", "c.d", "c", "d"},
-      {"\\\\srv\\sh\\f.", "\\\\srv\\sh\\", "f.", "f", ""},
-      {"a.b\\c", "a.b\\", "c", "c", ""},
-      {":", "", ":", ":", ""},
+  struct Case { const char* path; const char *dir, *file, *name, *ext; } cases[] = {
+      {"c:\\a\\b.txt", "c:\\a\\", "b.txt", "b", "txt"}, {"c:\\a\\", "c:\\a\\", "", "", ""},
+      {"b.txt", "", "b.txt", "b", "txt"}, {"a.tar.gz", "", "a.tar.gz", "a.tar", "gz"},
+      {".profile", "", ".profile", "", "profile"}, {"c:", "c:", "", "", ""}, {"c:x.y", "c:", "x.y", "x", "y"},
+      {"", "", "", "", ""}, {"/a\\b/c.d", "/a\\b/", "c.d", "c", "d"},
+      {"\\\\srv\\sh\\f.", "\\\\srv\\sh\\", "f.", "f", ""}, {"a.b\\c", "a.b\\", "c", "c", ""}, {":", "", ":", ":", ""},
   };
   for (const Case& c : cases) {
     CString dir, file, name, ext;
@@ -92,10 +82,7 @@ TEST(VnPathTest, SplitCutsEachPartAt255Characters) {
 //===-- Classifying ---------------------------------------------------------===//
 
 TEST(VnPathTest, AbsoluteFormsAreToldApart) {
-  struct Case {
-    const char* path;
-    int dos, unixAbs, any;
-  } cases[] = {
+  struct Case { const char* path; int dos, unixAbs, any; } cases[] = {
       {"", 0, 0, 0},          {"c", 0, 0, 0},       {"c:", 1, 0, 1},    {"c:x", 1, 0, 1},
       {"c:\\x", 1, 0, 1},     {"1:\\", 0, 0, 0},    {"\\\\", 0, 0, 0},  {"\\\\x", 1, 0, 1},
       {"//x", 0, 1, 1},       {"/", 0, 1, 1},       {"\\x", 0, 0, 0},   {"x\\y", 0, 0, 0},
@@ -111,9 +98,7 @@ TEST(VnPathTest, AbsoluteFormsAreToldApart) {
 //===-- Normal form ---------------------------------------------------------===//
 
 TEST(VnPathTest, CanonicalFormResolvesDotsAndSeparatorsByText) {
-  struct Case {
-    const char *path, *canonical;
-  } cases[] = {
+  struct Case { const char *path, *canonical; } cases[] = {
       {"a\\b\\..\\c", "a\\c"},  {"a\\.\\b", "a\\b"},      {".\\a", "a"},           {"..\\a", "a"},
       {"a\\..\\..\\b", "b"},    {"a\\b\\..", "a"},        {"a\\b\\.", "a\\b"},     {"a\\..", ""},
       {".", ""},                {"..", ""},               {"c:\\a\\..\\b", "c:\\b"}, {"c:\\..\\b", "b"},
@@ -131,10 +116,7 @@ TEST(VnPathTest, CanonicalFormResolvesDotsAndSeparatorsByText) {
 }
 
 TEST(VnPathTest, SamePathIgnoresCaseSeparatorsAndDots) {
-  struct Case {
-    const char *a, *b;
-    bool same;
-  } cases[] = {
+  struct Case { const char *a, *b; bool same; } cases[] = {
       {"C:\\A\\.\\b\\", "c:/a/B", true}, {"a\\b", "a\\c", false}, {"a\\..\\b", "b", true},
       {"\\\\s\\h", "//S/H/", true},      {"\\s\\h", "\\\\s\\h", false}, {"", ".", true},
   };
@@ -145,26 +127,15 @@ TEST(VnPathTest, SamePathIgnoresCaseSeparatorsAndDots) {
 //===-- Relative form -------------------------------------------------------===//
 
 TEST(VnPathTest, RelativePathCountsTheLevelsOfTheBase) {
-  struct Case {
-    const char *path, *base;
-    int ok;
-    const char* result;
-  } cases[] = {
+  struct Case { const char *path, *base; int ok; const char* result; } cases[] = {
       {"c:\\a\\b\\f.txt", "c:\\a\\b\\g.txt", 1, "f.txt"},
       {"c:\\a\\b\\f.txt", "c:\\a\\c\\d\\g.txt", 1, "..\\..\\b\\f.txt"},
-      {"c:\\a\\b\\f.txt", "c:\\a\\c\\d", 1, "..\\b\\f.txt"},
-      {"C:\\A\\f.txt", "c:\\a\\", 1, "f.txt"},
-      {"c:\\a\\b", "c:\\ab\\g", 1, "..\\a\\b"},
-      {"f.txt", "c:\\a\\", 1, "f.txt"},
-      {"\\a\\f", "c:\\a\\g", 1, "f"},
-      {"d:\\a", "c:\\a", 0, "d:\\a"},
-      {"\\\\s\\h\\f", "\\\\s\\h\\g", 0, "\\\\s\\h\\f"},
+      {"c:\\a\\b\\f.txt", "c:\\a\\c\\d", 1, "..\\b\\f.txt"}, {"C:\\A\\f.txt", "c:\\a\\", 1, "f.txt"},
+      {"c:\\a\\b", "c:\\ab\\g", 1, "..\\a\\b"}, {"f.txt", "c:\\a\\", 1, "f.txt"}, {"\\a\\f", "c:\\a\\g", 1, "f"},
+      {"d:\\a", "c:\\a", 0, "d:\\a"}, {"\\\\s\\h\\f", "\\\\s\\h\\g", 0, "\\\\s\\h\\f"},
       {"//s/h/f", "//s/h/g", 0, "//s/h/f"},
-      {"c:\\a", "c:\\a\\b\\c", 1, "..\\..\\a"},
-      {"", "c:\\a", 1, ""},
-      {"c:/a/b/f", "c:\\a/b\\g", 1, "f"},
-      {"c:\\a\\f", "", 0, "c:\\a\\f"},
-      {"\\x", "", 1, "\\x"},
+      {"c:\\a", "c:\\a\\b\\c", 1, "..\\..\\a"}, {"", "c:\\a", 1, ""}, {"c:/a/b/f", "c:\\a/b\\g", 1, "f"},
+      {"c:\\a\\f", "", 0, "c:\\a\\f"}, {"\\x", "", 1, "\\x"},
   };
   for (const Case& c : cases) {
     CString result(_T("stale"));
@@ -177,17 +148,9 @@ TEST(VnPathTest, RelativePathCountsTheLevelsOfTheBase) {
 
 TEST(VnPathTest, AbbreviateLeavesOutWholeDirectoriesInTheMiddle) {
   const char* path = "c:\\alpha\\beta\\gamma\\delta\\file.txt";
-  struct Case {
-    const char* path;
-    int max;
-    const char* output;
-    int result;
-  } cases[] = {
-      {path, 40, path, 34},
-      {path, 34, path, 34},
-      {path, 33, "c:\\alpha\\...\\gamma\\delta\\file.txt", 33},
-      {path, 30, "c:\\alpha\\...\\delta\\file.txt", 27},
-      {path, 21, "c:\\alpha\\...\\file.txt", 21},
+  struct Case { const char* path; int max; const char* output; int result; } cases[] = {
+      {path, 40, path, 34}, {path, 34, path, 34}, {path, 33, "c:\\alpha\\...\\gamma\\delta\\file.txt", 33},
+      {path, 30, "c:\\alpha\\...\\delta\\file.txt", 27}, {path, 21, "c:\\alpha\\...\\file.txt", 21},
       {path, 20, path, 20},
       {path, 7, path, 7},  // the file name alone is too long
       {path, 0, path, 0},
@@ -197,7 +160,7 @@ TEST(VnPathTest, AbbreviateLeavesOutWholeDirectoriesInTheMiddle) {
       {"c:\\a\\f.txt", 9, "c:\\a\\f.txt", 9},
       {"rel\\dir\\f.txt", 5, "rel\\dir\\f.txt", 5},  // not a full path
       {"", 10, "", 10},
-      {"c:\\a*\\f.txt", 8, "c:\\a*\\f.txt", 8},     // wildcard: no valid directory
+      {"c:\\a*\\f.txt", 8, "c:\\a*\\f.txt", 8},  // wildcard: no valid directory
   };
   for (const Case& c : cases) {
     CString out;
@@ -264,23 +227,17 @@ TEST(VnPathTest, PatternMatchingOfManyStarsFinishes) {
 }
 
 TEST(VnPathTest, SpecListSplitsAtQuotesCommasSemicolonsAndBlanks) {
-  struct Case {
-    const char *name, *list;
-    int match;
-  } cases[] = {
-      {"a.txt", "*.c;*.TXT", 1},
-      {"a b.txt", "\"a b.txt\" c.txt", 1},
-      {"c.txt", "\"a b.txt\" c.txt", 1},
+  struct Case { const char *name, *list; int match; } cases[] = {
+      {"a.txt", "*.c;*.TXT", 1}, {"a b.txt", "\"a b.txt\" c.txt", 1}, {"c.txt", "\"a b.txt\" c.txt", 1},
       {"a.txt", "", 0},
       {"abc", "abc\"a.txt\"", 0},  // text before a quote is dropped
       {"a.txt", "abc\"a.txt\"", 1},
-      {"a.txt", "\"a.txt", 0},     // no closing quote
-      {"a.txt", "a.txt,\"b", 1},   // matched before the open quote
+      {"a.txt", "\"a.txt", 0},  // no closing quote
+      {"a.txt", "a.txt,\"b", 1},  // matched before the open quote
       {"readme", "*", 1},
-      {"a.txt", "*", 0},           // '*' has no extension
-      {"readme", "*.*", 0},        // '*.*' needs a dot
-      {"ac.txt", "a?c.txt", 1},
-      {"x.txt", " , ;  x.txt ", 1},
+      {"a.txt", "*", 0},  // '*' has no extension
+      {"readme", "*.*", 0},  // '*.*' needs a dot
+      {"ac.txt", "a?c.txt", 1}, {"x.txt", " , ;  x.txt ", 1},
       {"c:\\dir\\a.txt", "d:\\other\\*.txt", 1},  // directories are ignored
       {"a.tar.gz", "*.gz", 1},
       {"a.tar.gz", "a.*", 0},      // the name part is "a.tar"
@@ -335,13 +292,8 @@ TEST(VnPathTest, ValidPathNameRefusesWildcardsColonsAndSlips) {
     int valid;
     const char* full;  // null: left unchanged
   } cases[] = {
-      {"c:\\a:b", 0, nullptr},
-      {"c: x", 0, nullptr},
-      {"c:\\no\\such\\dir", 1, "c:\\no\\such\\dir"},
-      {"c:\\a\\*.txt", 0, nullptr},
-      {"c:\\a?", 0, nullptr},
-      {"", 0, nullptr},
-      {"c:\\a\\..\\b\\", 1, "c:\\b\\"},
+      {"c:\\a:b", 0, nullptr}, {"c: x", 0, nullptr}, {"c:\\no\\such\\dir", 1, "c:\\no\\such\\dir"},
+      {"c:\\a\\*.txt", 0, nullptr}, {"c:\\a?", 0, nullptr}, {"", 0, nullptr}, {"c:\\a\\..\\b\\", 1, "c:\\b\\"},
   };
   for (const Case& c : cases) {
     CString p = W(c.path);

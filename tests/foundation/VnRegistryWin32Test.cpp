@@ -111,25 +111,16 @@ TEST_F(VnRegistryTest, ReadersGiveTheDefaultForEveryKindOfFailure) {
   PutRaw(_T("Sec"), _T("Multi"), REG_MULTI_SZ, L"a\0b\0", 10);
 
   CVnRegistry reg(HKEY_CURRENT_USER, m_path, _T("Sec"));
-  struct Row {
-    const char* what;
-    LPCWSTR name;
-    LPCWSTR subKey;
-  } ints[] = {
-      {"missing value", _T("Nothing"), nullptr},
-      {"text read as a number", _T("Sz"), nullptr},
-      {"a two-byte DWORD", _T("Short"), nullptr},
-      {"a three-byte DWORD", _T("Long"), nullptr},
-      {"binary read as a number", _T("Bin"), nullptr},
-      {"missing sub key", _T("Num"), _T("NoSuchKey")},
+  struct Row { const char* what; LPCWSTR name; LPCWSTR subKey; } ints[] = {
+      {"missing value", _T("Nothing"), nullptr}, {"text read as a number", _T("Sz"), nullptr},
+      {"a two-byte DWORD", _T("Short"), nullptr}, {"a three-byte DWORD", _T("Long"), nullptr},
+      {"binary read as a number", _T("Bin"), nullptr}, {"missing sub key", _T("Num"), _T("NoSuchKey")},
   };
   for (const Row& r : ints)
     EXPECT_EQ(777u, reg.GetInt(r.name, 777, r.subKey)) << r.what;
   const Row strings[] = {
-      {"missing value", _T("Nothing"), nullptr},
-      {"number read as text", _T("Num"), nullptr},
-      {"binary read as text", _T("Bin"), nullptr},
-      {"multi-string read as text", _T("Multi"), nullptr},
+      {"missing value", _T("Nothing"), nullptr}, {"number read as text", _T("Num"), nullptr},
+      {"binary read as text", _T("Bin"), nullptr}, {"multi-string read as text", _T("Multi"), nullptr},
       {"missing sub key", _T("Sz"), _T("NoSuchKey")},
   };
   for (const Row& r : strings)
@@ -156,10 +147,7 @@ TEST_F(VnRegistryTest, TextIsTakenUpToItsFirstZeroAndNotExpanded) {
   PutRaw(_T("Sec"), _T("Odd"), REG_SZ, odd, sizeof odd);
   PutRaw(_T("Sec"), _T("Nothing"), REG_SZ, nullptr, 0);
   CVnRegistry reg(HKEY_CURRENT_USER, m_path, _T("Sec"));
-  struct Row {
-    LPCWSTR name;
-    const char* expected;
-  } rows[] = {
+  struct Row { LPCWSTR name; const char* expected; } rows[] = {
       {_T("Embedded"), "one"},   {_T("Unterminated"), "abc"}, {_T("Expand"), "%PATH%\\x"},
       {_T("Odd"), "hi"},         {_T("Nothing"), ""},
   };

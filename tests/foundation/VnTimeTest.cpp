@@ -125,18 +125,9 @@ TEST(VnTimeTest, AdjustedLocalTimeUsesTheDaylightSavingOfTheDate) {
 #endif
 
 TEST(VnTimeTest, FormatUTCShowsThePartsThatArePresent) {
-  const struct {
-    double value;
-    const char* separator;
-    const char* suffix;
-    bool fileName;
-    const char* text;
-  } cases[] = {
-      {0.0, " ", "Z", false, ""},
-      {0.5, "T", "Z", true, "12-00-00Z"},
-      {0.5, "T", "", false, "12:00:00"},
-      {38000.0, "T", "Z", false, "2004-01-14Z"},
-      {38000.5, "T", "Z", false, "2004-01-14T12:00:00Z"},
+  const struct { double value; const char* separator; const char* suffix; bool fileName; const char* text; } cases[] = {
+      {0.0, " ", "Z", false, ""}, {0.5, "T", "Z", true, "12-00-00Z"}, {0.5, "T", "", false, "12:00:00"},
+      {38000.0, "T", "Z", false, "2004-01-14Z"}, {38000.5, "T", "Z", false, "2004-01-14T12:00:00Z"},
       {38000.5, "_", ".txt", true, "2004-01-14_12-00-00.txt"},
       {38000.5, " %Y ", "", false, "2004-01-14 2004 12:00:00"},  // the separator passes the formatter
       {1.0e7, " ", "", false, "Invalid DateTime"},

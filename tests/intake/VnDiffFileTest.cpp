@@ -104,10 +104,7 @@ TEST_F(DiffFileTest, DetectsEncodingByMarkAndConvertsToUtf16) {
 }
 
 TEST_F(DiffFileTest, RepairsEveryLineEndMixToCrLf) {
-  const struct {
-    const char* in;
-    const char* out;
-  } cases[] = {
+  const struct { const char* in; const char* out; } cases[] = {
       {"a\nb", "a\r\nb"},           {"a\rb\n", "a\r\nb\r\n"},     {"a\n\rb", "a\r\nb"},
       {"\n", "\r\n"},               {"\r\n\r\n", "\r\n\r\n"},     {"\r\r\n", "\r\n\r\n"},
       {"a\r\nb\nc\rd", "a\r\nb\r\nc\r\nd"}, {"a", "a"},           {"\n\r\n", "\r\n\r\n"},
@@ -170,20 +167,12 @@ TEST_F(DiffFileTest, ChunkedAsciiRepairPairsLineEndsAcrossChunks) {
 TEST_F(DiffFileTest, ReportsTheKindsOfLineEndItSaw) {
   const unsigned K = CVnDiffFile::EndsKnown, LF = CVnDiffFile::EndLf, CRLF = CVnDiffFile::EndCrLf,
                  CR = CVnDiffFile::EndCr, LFCR = CVnDiffFile::EndLfCr;
-  const struct {
-    std::string bytes;
-    unsigned kinds;
-  } cases[] = {
-      {"a\nb\n", K | LF},
-      {"a\r\nb", K | CRLF},
-      {"a\rb\r", K | CR},
-      {"a\n\rb", K | LFCR},
-      {"a\r\nb\nc\r", K | CRLF | LF | CR},
-      {"\r\r\n", K | CR | CRLF},
-      {"no end", K},
-      {"caf\xE9\n", 0},                           // through the converter
-      {"\xFF\xFE" + Le("a\n"), 0},                 // UTF-16
-      {std::string("a\n\0b", 4), 0},              // binary: the only case that asks
+  const struct { std::string bytes; unsigned kinds; } cases[] = {
+      {"a\nb\n", K | LF}, {"a\r\nb", K | CRLF}, {"a\rb\r", K | CR}, {"a\n\rb", K | LFCR},
+      {"a\r\nb\nc\r", K | CRLF | LF | CR}, {"\r\r\n", K | CR | CRLF}, {"no end", K},
+      {"caf\xE9\n", 0},  // through the converter
+      {"\xFF\xFE" + Le("a\n"), 0},  // UTF-16
+      {std::string("a\n\0b", 4), 0},  // binary: the only case that asks
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.bytes);

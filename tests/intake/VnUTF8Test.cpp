@@ -45,10 +45,7 @@ TEST(VnUTF8Test, WrapsForeignBytesWithoutCopying) {
 
 TEST(VnUTF8Test, ShortStringsStayInsideTheObject) {
   CVnUTF8 u;
-  const struct {
-    int size;
-    bool inside;
-  } cases[] = {{0, true}, {4095, true}, {4096, false}, {100000, false}};
+  const struct { int size; bool inside; } cases[] = {{0, true}, {4095, true}, {4096, false}, {100000, false}};
   for (const auto& c : cases) {
     unsigned char* p = u.AllocUTF8(c.size);
     const bool inside = p >= reinterpret_cast<unsigned char*>(&u) &&

@@ -18,13 +18,7 @@ namespace {
 // is open, as a tree filled on demand does.
 class TestTree : public CVnTreeAccess {
 public:
-  struct Node {
-    std::string name;
-    DWORD id;
-    Node* parent;
-    std::vector<Node*> children;
-    bool open;
-  };
+  struct Node { std::string name; DWORD id; Node* parent; std::vector<Node*> children; bool open; };
 
   explicit TestTree(const std::string& text, bool lazy = false) : m_bLazy(lazy) {
     std::vector<Node*> path;  // the item whose children follow a '('
@@ -135,8 +129,7 @@ TEST(VnTreeWalkTest, OrdersAndStops) {
       {kForest, nullptr, SearchBreadthFirst, "G", "A F B C G ", "G"},
       {kForest, "F", SearchDepthFirst, "F", "I H G J F ", "F"},
       // No such order, or no items: nothing is visited.
-      {kForest, nullptr, 2, "", "", "(null)"},
-      {"", nullptr, SearchBreadthFirst, "", "", "(null)"},
+      {kForest, nullptr, 2, "", "", "(null)"}, {"", nullptr, SearchBreadthFirst, "", "", "(null)"},
   };
   for (const auto& c : cases) {
     TestTree tree(c.tree);

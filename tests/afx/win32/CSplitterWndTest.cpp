@@ -96,12 +96,10 @@ TEST(CSplitterWnd, PanesAndBarsTakeTheirNumberedPlacesAndTileTheClientArea) {
 TEST(CSplitterWnd, DraggingADividerMovesItWithThePointerWithinTheWindow) {
   // Column 0 starts 100 wide: its divider covers x 100..105.  The pointer
   // takes the divider at grabX and lets go at dropX.
-  const struct {
-    int grabX, dropX, width;
-  } cases[] = {
-      {102, 302, 300},   // to the right, the grab offset kept
-      {100, 40, 40},     // to the left
-      {103, -500, 0},    // beyond the left edge: the column closes
+  const struct { int grabX, dropX, width; } cases[] = {
+      {102, 302, 300},  // to the right, the grab offset kept
+      {100, 40, 40},  // to the left
+      {103, -500, 0},  // beyond the left edge: the column closes
       {101, 2000, 600 - kBar - kGap},  // beyond the right edge: the next column closes
   };
   for (const auto& c : cases) {

@@ -36,10 +36,7 @@ void SizeBy(HWND hWnd, int dx, int dy) {
                  SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
-struct Share {
-  UINT id;
-  int x, y, cx, cy;
-};
+struct Share { UINT id; int x, y, cx, cy; };
 
 const Share kShares[] = {
     {kEdit, 0, 0, 100, 0},   {kList, 0, 0, 100, 100}, {kCheck, 0, 100, 0, 0},
@@ -92,10 +89,7 @@ TEST(CResizeCtrlTest, AddRefusesSharesOutsideTheScale) {
   CDialog dialog;
   ASSERT_TRUE(dialog.Create(kFixed));
   CResizeCtrl resizer(dialog.m_hWnd, FALSE);
-  const struct {
-    int id, x, y, cx, cy;
-    BOOL added;
-  } cases[] = {
+  const struct { int id, x, y, cx, cy; BOOL added; } cases[] = {
       {kEdit, 60, 0, 40, 0, TRUE},  {kEdit, 60, 0, 41, 0, FALSE}, {kEdit, 0, 60, 0, 41, FALSE},
       {kEdit, -1, 0, 0, 0, FALSE},  {kEdit, 0, 0, 0, 101, FALSE}, {9999, 0, 0, 0, 0, FALSE},
   };
@@ -228,9 +222,7 @@ TEST(CVnResizeControlsTest, MinimisedSizeIsIgnored) {
 // The first outer size is the minimum; an axis that may not change is
 // held there.
 TEST(CVnResizeControlsTest, MinimumAndFixedAxes) {
-  const struct {
-    BOOL h, v;
-  } cases[] = {{TRUE, TRUE}, {TRUE, FALSE}, {FALSE, TRUE}};
+  const struct { BOOL h, v; } cases[] = {{TRUE, TRUE}, {TRUE, FALSE}, {FALSE, TRUE}};
   for (const auto& c : cases) {
     LayoutDialog dialog(c.h, c.v);
     ASSERT_TRUE(dialog.Create(kLayout));

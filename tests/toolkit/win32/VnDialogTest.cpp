@@ -71,8 +71,7 @@ TEST(CVnDialogTest, ReadOnlyShowsOnlyAndAlwaysCancels) {
     bool okShown;
     const wchar_t* cancelText;
   } cases[] = {
-      {false, IDOK, IDOK, L"Layout", true, L"Cancel"},
-      {true, IDOK, IDCANCEL, L"Layout (Read-Only)", false, L"Close"},
+      {false, IDOK, IDOK, L"Layout", true, L"Cancel"}, {true, IDOK, IDCANCEL, L"Layout (Read-Only)", false, L"Close"},
       {true, IDCANCEL, IDCANCEL, L"Layout (Read-Only)", false, L"Close"},
   };
   for (const auto& c : cases) {
@@ -107,16 +106,10 @@ TEST(CVnDialogTest, ReadOnlyShowsOnlyAndAlwaysCancels) {
 // Each OK with bad data shows one message and leaves the dialog open with
 // the focus on the control; good data closes it with the values taken.
 TEST(CVnDialogTest, ExchangeChecksReportAndFocusTheControl) {
-  const struct {
-    const wchar_t* text;
-    const wchar_t* count;
-    const char* message;
-    UINT focused;
-  } attempts[] = {
+  const struct { const wchar_t* text; const wchar_t* count; const char* message; UINT focused; } attempts[] = {
       {L"   ", L"3", "The text cannot be empty", kEdit},
       {L"name", L"42", "Enter a positive integer between 1 and 10.", kSmall},
-      {L"name", L"-1", "Enter a positive integer.", kSmall},
-      {L"name", L"x7", "Enter a positive integer.", kSmall},
+      {L"name", L"-1", "Enter a positive integer.", kSmall}, {L"name", L"x7", "Enter a positive integer.", kSmall},
       {L"name", L"4294967296", "Enter a positive integer.", kSmall},
   };
   CheckedDialog dialog;
@@ -158,9 +151,7 @@ TEST(CVnDialogTest, ValidatePathWritesTheFullFormBack) {
     BOOL appendSlash;
     std::wstring written;  // empty: refused
   } cases[] = {
-      {L"  " + dir + L"  ", TRUE, dir + L"\\"},
-      {dir + L"\\sub", FALSE, dir + L"\\sub"},
-      {L"", TRUE, L""},
+      {L"  " + dir + L"  ", TRUE, dir + L"\\"}, {dir + L"\\sub", FALSE, dir + L"\\sub"}, {L"", TRUE, L""},
   };
   for (const auto& c : cases) {
     CheckedDialog dialog;
@@ -203,10 +194,8 @@ TEST(CVnDialogTest, ValidatorsReportAndFocusInOneStep) {
     BOOL mustExist;
     const char* message;  // null: accepted
   } cases[] = {
-      {L"   ", TRUE, "The specified path is blank."},
-      {missing, TRUE, "The specified file does not exist."},
-      {L"  " + existing + L" ", TRUE, nullptr},
-      {missing, FALSE, nullptr},
+      {L"   ", TRUE, "The specified path is blank."}, {missing, TRUE, "The specified file does not exist."},
+      {L"  " + existing + L" ", TRUE, nullptr}, {missing, FALSE, nullptr},
       {L"C:\\a<b>\\c.txt", FALSE, "The specified path is incorrect."},
   };
   for (const auto& c : cases) {
@@ -265,11 +254,7 @@ protected:
 };
 
 TEST(CVnLocalDialogTest, TemplateComesOnlyFromTheNamedModule) {
-  const struct {
-    HINSTANCE module;
-    UINT id;
-    bool found;
-  } cases[] = {
+  const struct { HINSTANCE module; UINT id; bool found; } cases[] = {
       {::GetModuleHandleW(nullptr), 700, true},
       {::GetModuleHandleW(nullptr), 0x10000 + 700, true},  // only the low 16 bits name it
       {::GetModuleHandleW(L"vnreconcile.dll"), 700, false},
@@ -338,10 +323,7 @@ TEST(CVnDialogTest, MenuPopupsGetCommandUpdates) {
   ::AppendMenuW(bar, MF_POPUP, reinterpret_cast<UINT_PTR>(popup), L"File");
   ::SetMenu(dialog.m_hWnd, bar);
   dialog.SendMessage(WM_INITMENUPOPUP, reinterpret_cast<WPARAM>(popup), MAKELPARAM(0, FALSE));
-  const struct {
-    UINT id;
-    bool enabled, checked;
-  } expected[] = {
+  const struct { UINT id; bool enabled, checked; } expected[] = {
       {kChecked, true, true},  {kHandled, true, false}, {kUnhandled, false, false},
       {kSystemRange, true, false},  // the system's range is never disabled for want of a handler
   };
@@ -421,13 +403,8 @@ TEST(AfxResourceChainTest, ComponentStandsBehindTheHost) {
   HINSTANCE host = ::GetModuleHandleW(nullptr), component = ::GetModuleHandleW(L"vnreconcile.dll");
   ASSERT_TRUE(component);
   // String tables are stored in blocks of 16, named by number / 16 + 1.
-  const struct {
-    LPCWSTR name;
-    LPCWSTR type;
-    HINSTANCE found;
-  } cases[] = {
-      {MAKEINTRESOURCEW(700), RT_DIALOG, host},
-      {MAKEINTRESOURCEW(3005 / 16 + 1), RT_STRING, host},
+  const struct { LPCWSTR name; LPCWSTR type; HINSTANCE found; } cases[] = {
+      {MAKEINTRESOURCEW(700), RT_DIALOG, host}, {MAKEINTRESOURCEW(3005 / 16 + 1), RT_STRING, host},
       {MAKEINTRESOURCEW(2899 / 16 + 1), RT_STRING, component},
       {MAKEINTRESOURCEW(4242), RT_DIALOG, host},  // nowhere: the resource handle
   };

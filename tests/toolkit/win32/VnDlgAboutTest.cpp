@@ -135,11 +135,7 @@ TEST(CVnDlgAboutTest, AHostOverridesPagesRowsAndButtons) {
   CString details;
   GetAppPath(details);
   details += L"about-details.html";
-  const struct {
-    DWORD features;
-    bool file;
-    bool details;
-  } cases[] = {
+  const struct { DWORD features; bool file; bool details; } cases[] = {
       {CVnAboutDlgParams::FeatureInfoPage | CVnAboutDlgParams::FeatureDetails, true, true},
       {CVnAboutDlgParams::FeatureInfoPage | CVnAboutDlgParams::FeatureDetails, false, false},
       {CVnAboutDlgParams::FeatureInfoPage, true, true},  // Details shares the Info page's bit
@@ -212,11 +208,8 @@ TEST(CVnDlgAboutTest, UserAndCompanyFromTheRegistry) {
   ASSERT_TRUE(writer.PutString(L"RegisteredOwner", L"Ada") &&
               writer.PutString(L"RegisteredOrganization", L"Engines Ltd"));
   writer.CloseSection();
-  const struct {
-    const wchar_t *key, *section, *rows;
-  } cases[] = {
-      {kKey, L"About", L"User=Ada Company=Engines Ltd ="},
-      {kKey, L"Elsewhere", L"User=Unknown Company=Unknown ="},
+  const struct { const wchar_t *key, *section, *rows; } cases[] = {
+      {kKey, L"About", L"User=Ada Company=Engines Ltd ="}, {kKey, L"Elsewhere", L"User=Unknown Company=Unknown ="},
       {L"Software\\VnReconcileTest\\Missing", L"About", L"User=Unknown Company=Unknown ="},
   };
   for (const auto& c : cases) {

@@ -67,12 +67,8 @@ TEST(CVnFileBrowserTest, BrowseFillsTheEditOnOkOnly) {
   CVnFileBrowser browser;
   browser.Attach(dialog, kEdit, TRUE);
   EXPECT_EQ(0, ::lstrcmpiW(folder.Path(L"").c_str(), GetItemText(dialog.m_hWnd, kEdit).c_str()));
-  const struct {
-    const wchar_t* choice;
-    std::wstring edit;
-  } cases[] = {
-      {L"b.txt", folder.Path(L"b.txt")},
-      {nullptr, folder.Path(L"b.txt")},
+  const struct { const wchar_t* choice; std::wstring edit; } cases[] = {
+      {L"b.txt", folder.Path(L"b.txt")}, {nullptr, folder.Path(L"b.txt")},
       {L"new.txt", folder.Path(L"new.txt")},  // need not exist
   };
   for (const auto& c : cases) {

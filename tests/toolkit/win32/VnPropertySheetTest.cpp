@@ -69,9 +69,7 @@ struct Sheet {
   CVnPropertySheet sheet;
 };
 
-struct Layout {
-  RECT tab, ok, cancel, page, edit, list;
-};
+struct Layout { RECT tab, ok, cancel, page, edit, list; };
 
 Layout Measure(HWND sheet) {
   HWND page = ActivePage(sheet);
@@ -126,10 +124,7 @@ TEST(CVnPropertySheetTest, ResizableSheetGrowsTabAndActivePage) {
 // applies, shows its message, comes to the front and focuses its field;
 // the sheet stays open until the number is fixed.
 TEST(CVnPropertySheetTest, FailedCheckBringsItsPageToTheFront) {
-  const struct {
-    const wchar_t* text;
-    bool accepted;
-  } cases[] = {
+  const struct { const wchar_t* text; bool accepted; } cases[] = {
       {L"abc", false}, {L".0", false}, {L"", false}, {L"1abc", true}, {L" 0abc", true}, {L"0.5", true},
   };
   for (const auto& c : cases) {
