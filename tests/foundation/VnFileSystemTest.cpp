@@ -14,6 +14,7 @@
 #include <random>
 #include <sstream>
 #include <string>
+#include <tuple>
 #include <utility>
 
 namespace {
@@ -74,11 +75,8 @@ TEST(VnFileSystemTest, AnExtensionMustLeaveTheNameWithin260Characters) {
 
 TEST(VnFileSystemTest, FileIdsAreReadFromTheNameBehindTheLastSeparator) {
   const CVnFileSystem store(_T("c:\\store"), 0);
-  struct Case {
-    const char* path;
-    int result;
-    unsigned long id, second;  // 99 where untouched
-  } cases[] = {
+  // 99 where untouched.
+  struct Case { const char* path; int result; unsigned long id, second; } cases[] = {
       {"c:\\store\\00001A2B.7", 1, 0x1A2B, 7}, {"c:/store/00001A2B.7", 1, 0x1A2B, 7},
       {"c:\\store\\00001a2b.7", 1, 0x1A2B, 7}, {"c:\\store\\00001A2B", 0, 0x1A2B, 99},
       {"c:\\store\\readme.txt", 0, 99, 99}, {"c:\\store\\FFFFFFFF.-1", 1, 0xFFFFFFFFul, 0xFFFFFFFFul},
@@ -90,9 +88,8 @@ TEST(VnFileSystemTest, FileIdsAreReadFromTheNameBehindTheLastSeparator) {
   };
   for (const Case& c : cases) {
     unsigned long id = 99, second = 99;
-    EXPECT_EQ(c.result, store.GetFileIDs(W(c.path), id, second)) << c.path;
-    EXPECT_EQ(c.id, id) << c.path;
-    EXPECT_EQ(c.second, second) << c.path;
+    const int result = store.GetFileIDs(W(c.path), id, second);
+    EXPECT_EQ(std::make_tuple(c.result, c.id, c.second), std::make_tuple(result, id, second)) << c.path;
   }
   unsigned long id = 99, second = 99;
   EXPECT_EQ(0, store.GetFileIDs(nullptr, id, second));
@@ -105,8 +102,7 @@ TEST(VnFileSystemTest, NamesRoundTripForRandomIdsAndExtensions) {
     const unsigned long id = rng(), second = rng();
     unsigned long readId = 0, readSecond = 0;
     ASSERT_EQ(1, store.GetFileIDs(store.GetFilePath(id, second), readId, readSecond));
-    EXPECT_EQ(id, readId);
-    EXPECT_EQ(second, readSecond);
+    EXPECT_EQ(std::make_pair(id, second), std::make_pair(readId, readSecond));
 
     // A letters-only extension reads back as the ID alone, a digits-only one
     // as a second ID.
@@ -120,8 +116,7 @@ TEST(VnFileSystemTest, NamesRoundTripForRandomIdsAndExtensions) {
     }
     readSecond = 12345;
     EXPECT_EQ(0, store.GetFileIDs(store.GetFilePath(id, letters), readId, readSecond));
-    EXPECT_EQ(id, readId);
-    EXPECT_EQ(12345u, readSecond);
+    EXPECT_EQ(std::make_pair(id, 12345ul), std::make_pair(readId, readSecond));
     EXPECT_EQ(1, store.GetFileIDs(store.GetFilePath(id, digits), readId, readSecond));
     EXPECT_EQ(number, readSecond);
   }
