@@ -20,10 +20,8 @@ TEST(VnProcessTest, NamesTheSystemByPlatformAndVersion) {
 }
 
 TEST(VnProcessTest, TheTwoThousandFamilyIsNTAtMajorVersionFive) {
-  struct Row {
-    DWORD platform, major;
-    int win2k;
-  } rows[] = {{2, 5, 1}, {2, 4, 0}, {2, 6, 0}, {2, 10, 0}, {1, 5, 0}, {0, 5, 0}};
+  struct Row { DWORD platform, major; int win2k; } rows[] = {
+      {2, 5, 1}, {2, 4, 0}, {2, 6, 0}, {2, 10, 0}, {1, 5, 0}, {0, 5, 0}};
   for (const Row& r : rows)
     EXPECT_EQ(r.win2k, VnIsWin2KVersion(r.platform, r.major)) << r.platform << " " << r.major;
 }

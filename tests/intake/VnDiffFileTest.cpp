@@ -198,8 +198,7 @@ TEST_F(DiffFileTest, NulUnitsOddBytesAndLoneNulLoadAsTheyShould) {
   const struct { std::string bytes, text; int type; } cases[] = {
       {"\xFF\xFE" + Le("a\r\n") + nul + Le("b\n"), Le("a\r\n") + nul + Le("b\n"), 1},
       {"\xFF\xFE" + Le("a\n") + nul + Le("b\n"), Le("a\r\n"), 1},
-      {std::string("\xFE\xFF\0a\x7F", 5), std::string("a\0\x7F", 3), 1},
-      {std::string("\0", 1), "\x01", 2},
+      {std::string("\xFE\xFF\0a\x7F", 5), std::string("a\0\x7F", 3), 1}, {std::string("\0", 1), "\x01", 2},
   };
   ScriptedPrompt prompt({IDYES});
   for (const auto& c : cases) {

@@ -142,10 +142,8 @@ TEST(VnTreeWalkTest, OrdersAndStops) {
 
 // A node is an item with children; the rest are leaves.
 TEST(VnTreeWalkTest, CountsOnEmptyFlatAndDeepTrees) {
-  const struct {
-    const char* tree;
-    int roots, nodes, leaves;
-  } cases[] = {{"", 0, 0, 0}, {"A", 1, 0, 1}, {"A B C", 3, 0, 3}, {kForest, 2, 5, 5}};
+  const struct { const char* tree; int roots, nodes, leaves; } cases[] = {
+      {"", 0, 0, 0}, {"A", 1, 0, 1}, {"A B C", 3, 0, 3}, {kForest, 2, 5, 5}};
   for (const auto& c : cases) {
     TestTree tree(c.tree);
     EXPECT_EQ(c.roots, VnCountRoots(tree)) << c.tree;

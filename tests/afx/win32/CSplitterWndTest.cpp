@@ -57,10 +57,8 @@ const int kHBar = ::GetSystemMetrics(SM_CYHSCROLL);
 const int kGap = CSplitterWnd::kDividerSize;
 
 TEST(CSplitterWnd, PanesAndBarsTakeTheirNumberedPlacesAndTileTheClientArea) {
-  const struct {
-    int rows, cols;
-    DWORD scroll;
-  } cases[] = {{1, 2, WS_VSCROLL | WS_HSCROLL}, {2, 1, WS_VSCROLL}, {2, 3, WS_HSCROLL}, {1, 1, 0}};
+  const struct { int rows, cols; DWORD scroll; } cases[] = {
+      {1, 2, WS_VSCROLL | WS_HSCROLL}, {2, 1, WS_VSCROLL}, {2, 3, WS_HSCROLL}, {1, 1, 0}};
   for (const auto& c : cases) {
     SCOPED_TRACE(testing::Message() << c.rows << "x" << c.cols << " style " << std::hex << c.scroll);
     Grid grid(c.rows, c.cols, c.scroll);

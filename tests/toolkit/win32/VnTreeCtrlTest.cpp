@@ -132,10 +132,8 @@ TEST(CVnTreeCtrlTest, CountsOnEmptyAndDeepTrees) {
   for (int i = 0; i < 150; ++i)
     deep += L"n(";
   deep += L"leaf" + std::wstring(150, L')');
-  const struct {
-    std::wstring tree;
-    int roots, nodes, leaves;
-  } cases[] = {{L"", 0, 0, 0}, {L"A(B(D E) C) F(G(H(I)) J) K", 3, 5, 6}, {deep, 1, 150, 1}};
+  const struct { std::wstring tree; int roots, nodes, leaves; } cases[] = {
+      {L"", 0, 0, 0}, {L"A(B(D E) C) F(G(H(I)) J) K", 3, 5, 6}, {deep, 1, 150, 1}};
   for (const auto& c : cases) {
     Window window;
     Tree tree;
