@@ -6,10 +6,8 @@
 namespace {
 
 const std::vector<CVnOptionSpec> kSpecs = {
-    {1, 'w', "ignore-whitespace", CVnOptionSpec::None},
-    {2, 'i', nullptr, CVnOptionSpec::None},
-    {3, 'U', nullptr, CVnOptionSpec::Required},
-    {4, 'u', "unified", CVnOptionSpec::Optional},
+    {1, 'w', "ignore-whitespace", CVnOptionSpec::None}, {2, 'i', nullptr, CVnOptionSpec::None},
+    {3, 'U', nullptr, CVnOptionSpec::Required}, {4, 'u', "unified", CVnOptionSpec::Optional},
     {5, 0, "width", CVnOptionSpec::Required},
 };
 
@@ -29,19 +27,11 @@ std::string Parse(const std::vector<std::string>& args) {
 }
 
 TEST(VnOptionParserTest, GroupsValuesAndTheEndOfOptions) {
-  const struct {
-    std::vector<std::string> args;
-    const char* parsed;
-  } cases[] = {
-      {{"-wi", "a", "b"}, "1 2 [a][b]"},
-      {{"-U5", "-U", "7"}, "3=5 3=7 "},
-      {{"-wU3", "x"}, "1 3=3 [x]"},
-      {{"--width=40", "--width", "50"}, "5=40 5=50 "},
-      {{"--unified", "--unified=2", "-u"}, "4 4=2 4 "},
-      {{"-", "--", "-w", "--width"}, "[-][-w][--width]"},
-      {{"-x"}, "error: unknown option '-x'"},
-      {{"--nonesuch=1"}, "error: unknown option '--nonesuch'"},
-      {{"-U"}, "error: option '-U' requires an argument"},
+  const struct { std::vector<std::string> args; const char* parsed; } cases[] = {
+      {{"-wi", "a", "b"}, "1 2 [a][b]"}, {{"-U5", "-U", "7"}, "3=5 3=7 "}, {{"-wU3", "x"}, "1 3=3 [x]"},
+      {{"--width=40", "--width", "50"}, "5=40 5=50 "}, {{"--unified", "--unified=2", "-u"}, "4 4=2 4 "},
+      {{"-", "--", "-w", "--width"}, "[-][-w][--width]"}, {{"-x"}, "error: unknown option '-x'"},
+      {{"--nonesuch=1"}, "error: unknown option '--nonesuch'"}, {{"-U"}, "error: option '-U' requires an argument"},
       {{"--width"}, "error: option '--width' requires an argument"},
       {{"--ignore-whitespace=yes"}, "error: option '--ignore-whitespace' takes no value"},
   };
