@@ -8,6 +8,9 @@
 
 #include <cerrno>
 #include <cstring>
+#include <exception>
+#include <mutex>
+#include <thread>
 #ifdef _WIN32
 #include <io.h>
 #define VN_ISATTY(fd) _isatty(fd)
@@ -21,6 +24,7 @@ namespace vndiff {
 namespace {
 
 Binary g_binaryAnswer = Binary::Ask;
+std::mutex g_question;  // the two sides are read at once; their questions come one at a time
 
 // The component asks whether to go on with a binary file.  On a terminal the
 // question is put to the user; otherwise the answer is no, so that scripts
@@ -32,6 +36,7 @@ int AnswerBinaryQuestion(LPCWSTR text, UINT type, UINT) {
     return IDYES;
   if (g_binaryAnswer == Binary::No || !VN_ISATTY(0) || !VN_ISATTY(2))
     return IDNO;
+  std::lock_guard<std::mutex> one(g_question);
   fprintf(stderr, "%s [y/N] ", Narrow(CString(text)).c_str());
   fflush(stderr);
   char answer[32] = {0};
@@ -152,13 +157,38 @@ void WriteFormDifferences(const CVnComparison& c, Format format, std::FILE* out)
 
 }  // namespace
 
+// Reads and decodes both sides at once, each through its own intake: on
+// two cores a pair reads in the time of its larger file.  False when the
+// user declined a binary file; the source's failure wins, as it would in turn.
+static bool OpenBoth(CVnComparison& comparison, const Options& o) {
+  bool target = false;
+  std::exception_ptr failure;
+  std::thread reader([&] {
+    try {
+      target = OpenSide(comparison, CVnComparison::Target, o.files[1]);
+    } catch (...) {
+      failure = std::current_exception();
+    }
+  });
+  bool source = false;
+  try {
+    source = OpenSide(comparison, CVnComparison::Source, o.files[0]);
+  } catch (...) {
+    reader.join();
+    throw;
+  }
+  reader.join();
+  if (failure)
+    std::rethrow_exception(failure);
+  return source && target;
+}
+
 // Reads, compares and prints; gives the exit status.
 int RunCompare(const Options& o, std::FILE* out) {
   CheckReadable(o.files[0]);
   CheckReadable(o.files[1]);
   CVnComparison comparison(CompareOptions(o));
-  if (!OpenSide(comparison, CVnComparison::Source, o.files[0]) ||
-      !OpenSide(comparison, CVnComparison::Target, o.files[1]))
+  if (!OpenBoth(comparison, o))
     return CompareBytes(o, out);
   try {
     comparison.Compare();

@@ -22,6 +22,7 @@ const int kExitSame = 0;
 const int kExitDifferent = 1;
 const int kExitTrouble = 2;
 
+// In the order the command line names their values (VndiffOptions.cpp).
 enum class Format { Normal, Unified, SideBySide, Records };
 enum class Binary { Ask, Yes, No };
 enum class Color { Auto, Always, Never };

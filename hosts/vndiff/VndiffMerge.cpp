@@ -33,6 +33,7 @@ int RunMerge(const Options& o, std::FILE* out) {
   CVnMergeOptions options;
   options.m_nCodePage = o.sourceEncoding;
   options.m_bRaw = o.raw;
+  options.m_bEncodingByContent = true;
   CVnMerge merge(options);
   const bool threeWay = o.files.size() == 3;
   const CVnMerge::Side order[] = {CVnMerge::Local, threeWay ? CVnMerge::Base : CVnMerge::Remote, CVnMerge::Remote};

@@ -1,12 +1,10 @@
-// VndiffOptions.cpp - the command line of vndiff.
-//
-// GNU-style: short options may be grouped (-wi), -U takes its number
-// attached or as the next word, long options take their value after "=" or
-// as the next word, and "--" ends the options.
+// VndiffOptions.cpp - the command line of vndiff, read in the GNU style
+// (VnOptionParser.h).
 #include "VndiffHost.h"
 
 #include "afx/os/OsSeam.h"
 #include "afx/portable/VnCodePages.h"
+#include "options/VnOptionParser.h"
 
 #include <cstdlib>
 #include <cstring>
@@ -15,149 +13,101 @@ namespace vndiff {
 
 namespace {
 
-bool AllDigits(const std::string& s) {
-  return !s.empty() && s.find_first_not_of("0123456789") == std::string::npos && s.size() < 10;
-}
+enum Id {
+  kHelp, kVersion, kFormat, kUnified, kContext, kSideBySide, kWidth, kColor, kIgnoreWhitespace, kIgnoreCase,
+  kIgnoreLineEnds, kIgnoreEncoding, kBrief, kEncoding, kSourceEncoding, kTargetEncoding, kBinary, kRaw, kInfo,
+  kSaveDelta, kApplyDelta, kOutput, kMerge, kDiff3, kLabel
+};
 
+const std::vector<CVnOptionSpec> kOptions = {
+    {kHelp, 'h', "help", CVnOptionSpec::None},
+    {kVersion, 'v', "version", CVnOptionSpec::None},
+    {kFormat, 0, "format", CVnOptionSpec::Required},
+    {kUnified, 'u', "unified", CVnOptionSpec::Optional},
+    {kContext, 'U', nullptr, CVnOptionSpec::Required},
+    {kSideBySide, 'y', "side-by-side", CVnOptionSpec::None},
+    {kWidth, 'W', "width", CVnOptionSpec::Required},
+    {kColor, 0, "color", CVnOptionSpec::Optional},
+    {kColor, 0, "colour", CVnOptionSpec::Optional},
+    {kIgnoreWhitespace, 'w', "ignore-whitespace", CVnOptionSpec::None},
+    {kIgnoreWhitespace, 0, "ignore-all-space", CVnOptionSpec::None},
+    {kIgnoreCase, 'i', "ignore-case", CVnOptionSpec::None},
+    {kIgnoreLineEnds, 0, "ignore-line-ends", CVnOptionSpec::None},
+    {kIgnoreEncoding, 0, "ignore-encoding", CVnOptionSpec::None},
+    {kBrief, 'q', "brief", CVnOptionSpec::None},
+    {kEncoding, 0, "encoding", CVnOptionSpec::Required},
+    {kSourceEncoding, 0, "source-encoding", CVnOptionSpec::Required},
+    {kTargetEncoding, 0, "target-encoding", CVnOptionSpec::Required},
+    {kBinary, 0, "binary", CVnOptionSpec::Required},
+    {kRaw, 0, "raw", CVnOptionSpec::None},
+    {kInfo, 0, "info", CVnOptionSpec::None},
+    {kSaveDelta, 0, "save-delta", CVnOptionSpec::Required},
+    {kApplyDelta, 0, "apply-delta", CVnOptionSpec::Required},
+    {kOutput, 'o', "output", CVnOptionSpec::Required},
+    {kMerge, 0, "merge", CVnOptionSpec::None},
+    {kDiff3, 0, "diff3", CVnOptionSpec::None},
+    {kLabel, 'L', "label", CVnOptionSpec::Required},
+};
 
 int Number(const std::string& text, const char* what) {
-  if (!AllDigits(text))
+  if (text.empty() || text.find_first_not_of("0123456789") != std::string::npos || text.size() >= 10)
     throw Failure(std::string("invalid ") + what + " '" + text + "'");
   return atoi(text.c_str());
 }
 
-// The value of a long option: after "=", or the next word.
-std::string TakeValue(const std::string& arg, size_t eq, const std::vector<std::string>& args, size_t& i) {
-  if (eq != std::string::npos)
-    return arg.substr(eq + 1);
-  if (i + 1 >= args.size())
-    throw Failure("option '" + arg + "' requires an argument");
-  return args[++i];
+// The value among names (as "a, b, c" in the message) an option was given.
+int OneOf(const CVnOption& option, const std::vector<std::string>& names) {
+  for (size_t k = 0; k < names.size(); ++k)
+    if (option.m_strValue == names[k])
+      return static_cast<int>(k);
+  std::string list;
+  for (const std::string& name : names)
+    list += (list.empty() ? "" : ", ") + name;
+  throw Failure("invalid " + option.m_strName + " value '" + option.m_strValue + "' (" + list + ")");
 }
 
-Format FormatFromName(const std::string& name) {
-  if (name == "normal")
-    return Format::Normal;
-  if (name == "unified")
-    return Format::Unified;
-  if (name == "side-by-side")
-    return Format::SideBySide;
-  if (name == "records")
-    return Format::Records;
-  throw Failure("invalid format '" + name + "' (normal, unified, side-by-side, records)");
-}
-
-// A long option; returns false when the name is not one of vndiff's.
-bool ParseLong(const std::string& arg, const std::vector<std::string>& args, size_t& i, Options& o) {
-  const size_t eq = arg.find('=');
-  const std::string name = arg.substr(0, eq);
-  if (name == "--help") {
-    o.command = Command::Help;
-  } else if (name == "--version") {
-    o.command = Command::Version;
-  } else if (name == "--format") {
-    o.format = FormatFromName(TakeValue(arg, eq, args, i));
-  } else if (name == "--unified") {
+void Apply(const CVnOption& option, Options& o) {
+  const std::string& v = option.m_strValue;
+  switch (option.m_nId) {
+  case kHelp: o.command = Command::Help; break;
+  case kVersion: o.command = Command::Version; break;
+  case kFormat:
+    o.format = static_cast<Format>(OneOf(option, {"normal", "unified", "side-by-side", "records"}));
+    break;
+  case kUnified:
     o.format = Format::Unified;
-    if (eq != std::string::npos)
-      o.context = Number(arg.substr(eq + 1), "context length");
-  } else if (name == "--side-by-side") {
-    o.format = Format::SideBySide;
-  } else if (name == "--width") {
-    o.width = Number(TakeValue(arg, eq, args, i), "width");
-  } else if (name == "--color" || name == "--colour") {
-    const std::string when = eq == std::string::npos ? "auto" : arg.substr(eq + 1);
-    if (when == "auto")
-      o.color = Color::Auto;
-    else if (when == "always")
-      o.color = Color::Always;
-    else if (when == "never")
-      o.color = Color::Never;
-    else
-      throw Failure("invalid --color value '" + when + "' (auto, always, never)");
-  } else if (name == "--ignore-whitespace" || name == "--ignore-all-space") {
-    o.ignoreWhitespace = true;
-  } else if (name == "--ignore-case") {
-    o.ignoreCase = true;
-  } else if (name == "--ignore-line-ends") {
-    o.ignoreLineEnds = true;
-  } else if (name == "--ignore-encoding") {
-    o.ignoreEncoding = true;
-  } else if (name == "--brief") {
-    o.brief = true;
-  } else if (name == "--encoding") {
-    o.sourceEncoding = o.targetEncoding = CodePageFromName(TakeValue(arg, eq, args, i));
-  } else if (name == "--source-encoding") {
-    o.sourceEncoding = CodePageFromName(TakeValue(arg, eq, args, i));
-  } else if (name == "--target-encoding") {
-    o.targetEncoding = CodePageFromName(TakeValue(arg, eq, args, i));
-  } else if (name == "--binary") {
-    const std::string v = TakeValue(arg, eq, args, i);
-    if (v == "ask")
-      o.binary = Binary::Ask;
-    else if (v == "yes")
-      o.binary = Binary::Yes;
-    else if (v == "no")
-      o.binary = Binary::No;
-    else
-      throw Failure("invalid --binary value '" + v + "' (ask, yes, no)");
-  } else if (name == "--raw") {
-    o.raw = true;
-  } else if (name == "--info") {
-    o.command = Command::Info;
-  } else if (name == "--save-delta") {
-    o.saveDelta = TakeValue(arg, eq, args, i);
-  } else if (name == "--apply-delta") {
+    if (option.m_bHasValue)
+      o.context = Number(v, "context length");
+    break;
+  case kContext:
+    o.format = Format::Unified;
+    o.context = Number(v, "context length");
+    break;
+  case kSideBySide: o.format = Format::SideBySide; break;
+  case kWidth: o.width = Number(v, "width"); break;
+  case kColor:
+    o.color = option.m_bHasValue ? static_cast<Color>(OneOf(option, {"auto", "always", "never"})) : Color::Auto;
+    break;
+  case kIgnoreWhitespace: o.ignoreWhitespace = true; break;
+  case kIgnoreCase: o.ignoreCase = true; break;
+  case kIgnoreLineEnds: o.ignoreLineEnds = true; break;
+  case kIgnoreEncoding: o.ignoreEncoding = true; break;
+  case kBrief: o.brief = true; break;
+  case kEncoding: o.sourceEncoding = o.targetEncoding = CodePageFromName(v); break;
+  case kSourceEncoding: o.sourceEncoding = CodePageFromName(v); break;
+  case kTargetEncoding: o.targetEncoding = CodePageFromName(v); break;
+  case kBinary: o.binary = static_cast<Binary>(OneOf(option, {"ask", "yes", "no"})); break;
+  case kRaw: o.raw = true; break;
+  case kInfo: o.command = Command::Info; break;
+  case kSaveDelta: o.saveDelta = v; break;
+  case kApplyDelta:
     o.command = Command::ApplyDelta;
-    o.deltaDir = TakeValue(arg, eq, args, i);
-  } else if (name == "--output") {
-    o.output = TakeValue(arg, eq, args, i);
-  } else if (name == "--merge") {
-    o.command = Command::Merge;
-  } else if (name == "--diff3") {
-    o.showBase = true;
-  } else if (name == "--label") {
-    o.labels.push_back(TakeValue(arg, eq, args, i));
-  } else {
-    return false;
-  }
-  return true;
-}
-
-// A group of short options such as -wi or -U5.
-void ParseShort(const std::string& arg, const std::vector<std::string>& args, size_t& i, Options& o) {
-  for (size_t k = 1; k < arg.size(); ++k) {
-    const char c = arg[k];
-    switch (c) {
-    case 'u': o.format = Format::Unified; break;
-    case 'y': o.format = Format::SideBySide; break;
-    case 'w': o.ignoreWhitespace = true; break;
-    case 'i': o.ignoreCase = true; break;
-    case 'q': o.brief = true; break;
-    case 'h': o.command = Command::Help; break;
-    case 'v': o.command = Command::Version; break;
-    case 'U': case 'W': case 'o': case 'L': {
-      std::string value = arg.substr(k + 1);
-      if (value.empty()) {
-        if (i + 1 >= args.size())
-          throw Failure(std::string("option '-") + c + "' requires an argument");
-        value = args[++i];
-      }
-      if (c == 'U') {
-        o.format = Format::Unified;
-        o.context = Number(value, "context length");
-      } else if (c == 'W') {
-        o.width = Number(value, "width");
-      } else if (c == 'L') {
-        o.labels.push_back(value);
-      } else {
-        o.output = value;
-      }
-      return;
-    }
-    default:
-      throw Failure(std::string("unknown option '-") + c + "'");
-    }
+    o.deltaDir = v;
+    break;
+  case kOutput: o.output = v; break;
+  case kMerge: o.command = Command::Merge; break;
+  case kDiff3: o.showBase = true; break;
+  case kLabel: o.labels.push_back(v); break;
   }
 }
 
@@ -192,20 +142,12 @@ unsigned CodePageFromName(const std::string& text) {
 
 Options ParseCommandLine(const std::vector<std::string>& args) {
   Options o;
-  bool optionsEnded = false;
-  for (size_t i = 0; i < args.size(); ++i) {
-    const std::string& arg = args[i];
-    if (optionsEnded || arg.size() < 2 || arg[0] != '-') {
-      o.files.push_back(arg);
-    } else if (arg == "--") {
-      optionsEnded = true;
-    } else if (arg[1] == '-') {
-      if (!ParseLong(arg, args, i, o))
-        throw Failure("unknown option '" + arg.substr(0, arg.find('=')) + "'");
-    } else {
-      ParseShort(arg, args, i, o);
-    }
-  }
+  std::vector<CVnOption> options;
+  std::string error;
+  if (!VnParseOptions(args, kOptions, options, o.files, error))
+    throw Failure(error);
+  for (const CVnOption& option : options)
+    Apply(option, o);
   if (o.command == Command::Help || o.command == Command::Version)
     return o;
   if (o.command != Command::Merge && (o.showBase || !o.labels.empty()))

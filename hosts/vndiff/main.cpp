@@ -5,7 +5,6 @@
 // message on standard error).  See docs/vndiff.md.
 #include "VndiffHost.h"
 
-#include "compare/VnStreamCopy.h"
 #include "resources/VnVersion.h"
 
 #include <cerrno>
@@ -38,26 +37,6 @@ static std::vector<std::string> Arguments(int argc, char** argv) {
   return args;
 }
 
-namespace vndiff {
-
-static CVnStreamCopies g_streams;
-
-std::string ResolveOperand(const std::string& operand) {
-  CString why, path;
-  try {
-    path = g_streams.Resolve(Wide(operand), why);
-  } catch (CException* e) {
-    throw Failure(DescribeException(e, operand));
-  }
-  if (path.IsEmpty())
-    throw Failure(operand + ": " + Narrow(why));
-  return Narrow(path);
-}
-
-std::string OperandLabel(const std::string& path) { return Narrow(g_streams.Label(Wide(path))); }
-std::string Relabel(std::string message) { return Narrow(g_streams.Relabel(Wide(message))); }
-
-}  // namespace vndiff
 
 static int Run(const std::vector<std::string>& args) {
   using namespace vndiff;

@@ -83,15 +83,26 @@ CString NameOf(const CVnComparedFile& file) { return file.GetFacts().m_strDispla
 
 }  // namespace
 
-// The merged text is written in LOCAL's encoding, so every side must be
-// read in it; all-ASCII text reads alike in every ASCII-based page.
+unsigned CVnMerge::GetMergedCodePage() const {
+  const CVnFileFacts& local = m_files[Local].GetFacts();
+  if (!local.m_bAscii)
+    return local.m_nCodePage;
+  for (Side side : {Remote, Base})
+    if (m_bOpened[side] && m_files[side].GetFacts().m_nEncodingSource == VnEncodingSource::Content &&
+        !m_files[side].GetFacts().m_bAscii)
+      return m_files[side].GetFacts().m_nCodePage;
+  return local.m_nCodePage;
+}
+
+// The merged text is written in one encoding, so every side must be read
+// in it; all-ASCII text reads alike in every ASCII-based page.
 CString CVnMerge::WhyNotOneEncoding() const {
   const CVnComparedFile& local = m_files[Local];
-  const unsigned page = local.GetFacts().m_nCodePage;
+  const unsigned page = GetMergedCodePage();
   for (Side side : {Base, Remote}) {
     const CVnComparedFile& file = m_files[side];
     const unsigned other = file.GetFacts().m_nCodePage;
-    if (!m_bOpened[side] || other == page)
+    if (!m_bOpened[side] || other == page || (file.GetFacts().m_bAscii && VnIsAsciiBased(page)))
       continue;
     if (VnIsAsciiBased(page) && VnIsAsciiBased(other) && AllAscii(file))
       continue;

@@ -85,8 +85,10 @@ struct CVnMergeRegion {
 struct CVnMergeOptions {
   unsigned m_nCodePage = 0;  // every side's; 0: detect each
   bool m_bRaw = false;       // every side as bytes cut at LF, without the intake
-  // A side without a byte order mark is read in the encoding its bytes
-  // show (VnEncodingByContent.h), not always in the ANSI code page.
+  // A side without a byte order mark is read in the encoding its bytes show
+  // (VnEncodingByContent.h).  LOCAL of plain ASCII then takes the page of
+  // the side that chose one, so that adding one accented word on a side
+  // does not make the files "of different encodings".
   bool m_bEncodingByContent = false;
 };
 
@@ -133,6 +135,9 @@ public:
   // raises the invalid-argument failure.
   void Resolve(size_t k, VnMergeChoice choice);
 
+  // The code page the merged text is written in: LOCAL's, or for LOCAL of
+  // plain ASCII read by content the page another side's content chose.
+  unsigned GetMergedCodePage() const;
   // The merged text as the bytes of the file to write.
   std::string GetMergedText(const CVnMergeMarkers& markers) const;
   // Writes it to path whole or not at all (VnWriteFileWhole).

@@ -86,7 +86,8 @@ std::string CVnMerge::GetMergedText(const CVnMergeMarkers& markers) const {
       break;
     }
   const CVnFileFacts& facts = local.GetFacts();
-  CVnMergeWriter w(wide, facts.m_nCodePage, facts.m_bHasBOM ? VnByteOrderMark(facts.m_nCodePage) : std::string(),
+  const unsigned page = GetMergedCodePage();
+  CVnMergeWriter w(wide, page, facts.m_bHasBOM ? VnByteOrderMark(page) : std::string(),
                    wide && OneKind(style) ? style : VnLineEnd::None, fallback);
   for (const CVnMergeRegion& r : m_regions) {
     VnMergeChoice choice = r.m_nChoice;

@@ -213,11 +213,17 @@ static void RemoveQuietly(const CString& path) {
 }
 
 void VnWriteFileWhole(const CString& path, const void* data, unsigned long size) {
+  VnWriteFileWhole(path, [&](CFile& file) {
+    if (size)
+      file.Write(data, static_cast<UINT>(size));
+  });
+}
+
+void VnWriteFileWhole(const CString& path, const std::function<void(CFile&)>& write) {
   const CString partial = path + _T(".partial");
   try {
     CFile file(partial, CFile::modeCreate | CFile::modeWrite);
-    if (size)
-      file.Write(data, static_cast<UINT>(size));
+    write(file);
     file.Close();
     CVnFile::FileMove(path, partial, 0);
   } catch (...) {

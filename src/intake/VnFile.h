@@ -17,6 +17,8 @@
 #include "afx/portable/COleDateTime.h"
 #include "intake/VnSmartBytePtr.h"
 
+#include <functional>
+
 class VN_API CVnFile : public CFile {
   DECLARE_DYNAMIC(CVnFile)
 public:
@@ -77,5 +79,7 @@ private:
 // CFileException (or the failure that stopped it) and takes the partial
 // file away; path is then as it was.
 VN_API void VnWriteFileWhole(const CString& path, const void* data, unsigned long size);
+// The same for a file that write fills.
+VN_API void VnWriteFileWhole(const CString& path, const std::function<void(CFile&)>& write);
 
 #endif  // VN_INTAKE_VNFILE_H

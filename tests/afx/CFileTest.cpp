@@ -72,11 +72,8 @@ TEST(CFileTest, FailuresCarryWin32CodesAndTheFileName) {
 
 TEST(OsSeamTest, ConvertsCodePagesWithReplacement) {
   const struct { UINT cp; std::string bytes; std::u16string text; } cases[] = {
-      {CP_UTF8, "a\xC3\xA9", u"a\u00E9"},
-      {1252, "\x80\xE9", u"\u20AC\u00E9"},
-      {70001, std::string("a\0b\0", 4), u"ab"},
-      {70000, std::string("\0a\0b", 4), u"ab"},
-      {CP_UTF8, "a\xFF" "b", u"a\uFFFDb"},
+      {CP_UTF8, "a\xC3\xA9", u"a\u00E9"}, {1252, "\x80\xE9", u"\u20AC\u00E9"}, {70001, std::string("a\0b\0", 4), u"ab"},
+      {70000, std::string("\0a\0b", 4), u"ab"}, {CP_UTF8, "a\xFF" "b", u"a\uFFFDb"},
   };
   for (const auto& c : cases) {
     vn::os::WideText w = vn::os::MultiByteToWide(c.cp, c.bytes.data(), static_cast<int>(c.bytes.size()));

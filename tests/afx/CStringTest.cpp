@@ -107,15 +107,9 @@ TEST(CStringTest, Utf8RoundTripKeepsSurrogatePairs) {
 // Each length of sequence at its bounds; a surrogate without its partner
 // becomes U+FFFD (EF BF BD), as Win32 makes it.
 TEST(CStringTest, Utf8EncoderTakesEveryLengthAndReplacesLoneSurrogates) {
-  const struct {
-    std::vector<unsigned> units;
-    const char* bytes;
-  } cases[] = {
-      {{0x41, 0x7F}, "A\x7F"},
-      {{0x80, 0x7FF}, "\xC2\x80\xDF\xBF"},
-      {{0x800, 0xFFFF}, "\xE0\xA0\x80\xEF\xBF\xBF"},
-      {{0xD800, 0xDC00, 0xDBFF, 0xDFFF}, "\xF0\x90\x80\x80\xF4\x8F\xBF\xBF"},
-      {{0xD800, 0x41}, "\xEF\xBF\xBD" "A"},
+  const struct { std::vector<unsigned> units; const char* bytes; } cases[] = {
+      {{0x41, 0x7F}, "A\x7F"}, {{0x80, 0x7FF}, "\xC2\x80\xDF\xBF"}, {{0x800, 0xFFFF}, "\xE0\xA0\x80\xEF\xBF\xBF"},
+      {{0xD800, 0xDC00, 0xDBFF, 0xDFFF}, "\xF0\x90\x80\x80\xF4\x8F\xBF\xBF"}, {{0xD800, 0x41}, "\xEF\xBF\xBD" "A"},
       {{0xDC00, 0xD800}, "\xEF\xBF\xBD\xEF\xBF\xBD"},
   };
   for (const auto& c : cases) {

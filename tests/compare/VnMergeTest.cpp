@@ -220,11 +220,17 @@ struct AnsiPage {
 };
 
 struct FileMerge {
+  static CVnMergeOptions Options(bool byContent) {
+    CVnMergeOptions options;
+    options.m_bEncodingByContent = byContent;
+    return options;
+  }
   TempFile local, base, remote;
   CVnMerge merge;
   CString why;
   bool merged;
-  FileMerge(const std::string& l, const std::string& b, const std::string& r) : local(l), base(b), remote(r) {
+  FileMerge(const std::string& l, const std::string& b, const std::string& r, bool byContent = false)
+      : local(l), base(b), remote(r), merge(Options(byContent)) {
     EXPECT_TRUE(merge.Open(CVnMerge::Local, local.Path()));
     EXPECT_TRUE(merge.Open(CVnMerge::Base, base.Path()));
     EXPECT_TRUE(merge.Open(CVnMerge::Remote, remote.Path()));
@@ -259,6 +265,26 @@ TEST(VnMergeTest, MergedTextKeepsLocalsEncodingMarkAndLineEnds) {
     FileMerge f(c.local, c.base, c.remote);
     ASSERT_TRUE(f.merged) << vn::test::U8(f.why);
     EXPECT_EQ(c.text, f.merge.GetMergedText(CVnMergeMarkers()));
+  }
+}
+
+// Read by content, UTF-8 on one side is no "other encoding" for sides of
+// plain ASCII: the merged text takes it.  Latin-1 against UTF-8 still is.
+TEST(VnMergeTest, EncodingChosenByContentIsSharedWithPlainAsciiSides) {
+  AnsiPage page(1252);
+  const struct {
+    std::string local, base, remote, text;  // text empty: refused
+  } cases[] = {
+      {"a\nb\n", "a\nb\n", "a\nb\ncaf\xC3\xA9\n", "a\nb\ncaf\xC3\xA9\n"},
+      {"caf\xC3\xA9\nx\nb\n", "cafe\nx\nb\n", "cafe\nx\nB\n", "caf\xC3\xA9\nx\nB\n"},
+      {"caf\xE9\nb\n", "cafe\nb\n", "cafe\nb\n\xC3\xA9\n", ""},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.local + "|" + c.remote);
+    FileMerge f(c.local, c.base, c.remote, true);
+    ASSERT_EQ(!c.text.empty(), f.merged) << vn::test::U8(f.why);
+    if (f.merged)
+      EXPECT_EQ(c.text, f.merge.GetMergedText(CVnMergeMarkers()));
   }
 }
 

@@ -12,6 +12,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <tuple>
 
 namespace {
 
@@ -21,6 +22,20 @@ using vn::test::TestModule;
 const char kUnknownSystemError[] = "Unknown system-level error occured.";
 // A code with the customer bit set: no system has a text for it.
 const DWORD kCodeWithoutText = 0x2000DEAD;
+
+// The code of the CVnOSException f throws; -1 when it throws nothing or
+// another kind.
+template <class F>
+long long ThrownOsCode(F f) {
+  try {
+    f();
+  } catch (CException* e) {
+    long long code = e->IsKindOf(RUNTIME_CLASS(CVnOSException)) ? static_cast<CVnOSException*>(e)->GetError() : -1;
+    e->Delete();
+    return code;
+  }
+  return -1;
+}
 
 std::string SystemText(DWORD code) { return VnToUtf8(vn::os::SystemMessage(code).c_str()); }
 
@@ -32,13 +47,11 @@ vn::test::AskedBox Report(CException& e, UINT type = MB_OK, UINT messageId = 0, 
   return prompt.Asked().empty() ? vn::test::AskedBox{"", 0, 0} : prompt.Asked()[0];
 }
 
+using Box = std::tuple<std::string, UINT, UINT>;  // text, type, help ID
+Box Fields(const vn::test::AskedBox& b) { return Box(b.text, b.type, b.helpId); }
+
 // What an exception was asked for its text, and whether it was freed.
-struct Seen {
-  UINT size = 0;
-  bool helpPointer = false;
-  UINT helpValue = 0xBAD;
-  bool deleted = false;
-};
+struct Seen { UINT size = 0; bool helpPointer = false; UINT helpValue = 0xBAD; bool deleted = false; };
 
 // An exception that gives a fixed text and records how it is asked for it.
 class ProbeException : public CVnException {
@@ -66,14 +79,10 @@ public:
 
 // ReportError shows the text in a box, HandleError hands it back.
 TEST(VnExceptionTest, ReconcileExceptionShowsTheTextOfItsIdentifier) {
-  const struct {
-    UINT id;
-    const char* text;
-  } cases[] = {
+  const struct { UINT id; const char* text; } cases[] = {
       {0, "Internal error with ID 101 has been encountered.  Operation was unsuccessful."},
       {2, "Internal error with ID 103 has been encountered.  Operation was unsuccessful."},
-      {3, "Fails to copy to a temporary file."},
-      {4, "Unknown error."},
+      {3, "Fails to copy to a temporary file."}, {4, "Unknown error."},
       {165, "Unknown error."},  // the number of that text's entry is no identifier
       {0x80000000, "Unknown error."},  // negative as a signed number
       {0xFFFFFFFF, "Unknown error."},
@@ -81,10 +90,7 @@ TEST(VnExceptionTest, ReconcileExceptionShowsTheTextOfItsIdentifier) {
   for (const auto& c : cases) {
     SCOPED_TRACE(c.id);
     CVnReconcileException e(c.id);
-    vn::test::AskedBox box = Report(e, MB_ICONSTOP);
-    EXPECT_EQ(c.text, box.text);
-    EXPECT_EQ(MB_ICONSTOP, box.type);
-    EXPECT_EQ(0u, box.helpId);
+    EXPECT_EQ(Box(c.text, MB_ICONSTOP, 0), Fields(Report(e, MB_ICONSTOP)));
     CString text(_T("whatever the text held before"));
     CVnException::HandleError(new CVnReconcileException(c.id), text);
     EXPECT_EQ(c.text, VnToUtf8(text));
@@ -119,9 +125,7 @@ TEST(VnExceptionTest, OsExceptionShowsTheSystemsTextForItsCode) {
     CVnOSException e(code);
     EXPECT_EQ(code, e.GetError());
     ASSERT_FALSE(SystemText(code).empty());
-    vn::test::AskedBox box = Report(e, MB_ICONEXCLAMATION);
-    EXPECT_EQ(SystemText(code), box.text);
-    EXPECT_EQ(MB_ICONEXCLAMATION, box.type);
+    EXPECT_EQ(Box(SystemText(code), MB_ICONEXCLAMATION, 0), Fields(Report(e, MB_ICONEXCLAMATION)));
   }
 #ifndef _WIN32
   // The native texts use the Win32 wording, line end included.
@@ -131,7 +135,6 @@ TEST(VnExceptionTest, OsExceptionShowsTheSystemsTextForItsCode) {
 #endif
 }
 
-
 TEST(VnExceptionTest, AllOnesStandsForTheLastErrorWhenTheExceptionIsMade) {
   vn::os::SetLastError(ERROR_ACCESS_DENIED);
   CVnOSException made(0xFFFFFFFF);
@@ -139,13 +142,7 @@ TEST(VnExceptionTest, AllOnesStandsForTheLastErrorWhenTheExceptionIsMade) {
   EXPECT_EQ(ERROR_ACCESS_DENIED, made.GetError());
 
   vn::os::SetLastError(ERROR_SHARING_VIOLATION);
-  try {
-    AfxThrowOSException(0xFFFFFFFF);
-    FAIL() << "did not throw";
-  } catch (CVnOSException* e) {
-    EXPECT_EQ(ERROR_SHARING_VIOLATION, e->GetError());
-    e->Delete();
-  }
+  EXPECT_EQ(ERROR_SHARING_VIOLATION, ThrownOsCode([] { AfxThrowOSException(0xFFFFFFFF); }));
 }
 
 TEST(VnExceptionTest, OsMessageIsAllOrNothingAndLeavesTheHelpContext) {
@@ -170,10 +167,7 @@ TEST(VnExceptionTest, OsMessageIsAllOrNothingAndLeavesTheHelpContext) {
 }
 
 TEST(VnExceptionTest, ShellResultsBecomeSystemCodes) {
-  const struct {
-    DWORD result;
-    DWORD code;
-  } cases[] = {
+  const struct { DWORD result; DWORD code; } cases[] = {
       {2, 2}, {3, 3}, {5, 5}, {11, 11}, {26, 32}, {27, 1155}, {28, 1156}, {29, 1156}, {30, 1156}, {31, 1155},
       {32, 1157},
       // No failure, or a failure without its own code: out of memory.
@@ -182,28 +176,22 @@ TEST(VnExceptionTest, ShellResultsBecomeSystemCodes) {
   for (const auto& c : cases) {
     SCOPED_TRACE(c.result);
     vn::os::SetLastError(ERROR_ACCESS_DENIED);  // must not leak into the result
-    try {
-      AfxThrowShellException(c.result);
-      ADD_FAILURE() << "did not throw";
-    } catch (CException* e) {
-      ASSERT_TRUE(e->IsKindOf(RUNTIME_CLASS(CVnOSException)));
-      EXPECT_EQ(c.code, static_cast<CVnOSException*>(e)->GetError());
-      e->Delete();
-    }
+    EXPECT_EQ(c.code, ThrownOsCode([&] { AfxThrowShellException(c.result); }));
   }
 }
 
 //===-- Throwing and run-time classes ---------------------------------------===//
 
+// Caught by the common base, across the DLL boundary.
 TEST(VnExceptionTest, ThrowHelperThrowsAHeapObjectOfItsClass) {
+  DWORD code = 0;
   try {
     AfxThrowReconcileException(CVnReconcileException::CopyToTempFailed);
-    FAIL() << "did not throw";
-  } catch (CVnException* e) {  // caught by the common base, across the DLL boundary
-    ASSERT_TRUE(e->IsKindOf(RUNTIME_CLASS(CVnReconcileException)));
-    EXPECT_EQ(3u, static_cast<CVnReconcileException*>(e)->GetError());
+  } catch (CVnException* e) {
+    code = e->IsKindOf(RUNTIME_CLASS(CVnReconcileException)) ? static_cast<CVnReconcileException*>(e)->GetError() : 9;
     e->Delete();
   }
+  EXPECT_EQ(3u, code);
 }
 
 //===-- ReportError and HandleError -----------------------------------------===//
@@ -211,13 +199,10 @@ TEST(VnExceptionTest, ThrowHelperThrowsAHeapObjectOfItsClass) {
 TEST(VnExceptionTest, ReportErrorAsksWith4096AndShowsTheHelpContextGiven) {
   Seen seen;
   ProbeException e(_T("probe text"), TRUE, 77, &seen);
-  vn::test::AskedBox box = Report(e, MB_YESNO, 0, IDNO);
+  EXPECT_EQ(Box("probe text", MB_YESNO, 77), Fields(Report(e, MB_YESNO, 0, IDNO)));
   EXPECT_EQ(4096u, seen.size);
   EXPECT_TRUE(seen.helpPointer);
   EXPECT_EQ(0u, seen.helpValue);
-  EXPECT_EQ("probe text", box.text);
-  EXPECT_EQ(MB_YESNO, box.type);
-  EXPECT_EQ(77u, box.helpId);
   EXPECT_FALSE(seen.deleted);  // the catcher still owns it
 }
 
@@ -247,11 +232,7 @@ TEST(VnExceptionTest, HandleErrorAsksWith4095AndNoHelpContextAndFreesTheExceptio
 }
 
 TEST(VnExceptionTest, HandleErrorTexts) {
-  const struct {
-    const char* what;
-    CException* exception;
-    const char* text;
-  } cases[] = {
+  const struct { const char* what; CException* exception; const char* text; } cases[] = {
       {"null exception", nullptr, kUnknownSystemError},
       {"OS code without text: no fallback", new CVnOSException(kCodeWithoutText), ""},
       {"the framework's own kind", new CInvalidArgException, "Encountered an improper argument."},
@@ -267,14 +248,7 @@ TEST(VnExceptionTest, HandleErrorTexts) {
 //===-- AfxLocalMessageBox -------------------------------------------------===//
 
 TEST(VnExceptionTest, LocalMessageBoxShowsTheNamedModulesString) {
-  const struct {
-    const char* what;
-    bool component;
-    UINT id;
-    UINT type;
-    UINT help;
-    const char* text;
-  } cases[] = {
+  const struct { const char* what; bool component; UINT id; UINT type; UINT help; const char* text; } cases[] = {
       {"a validation failure", true, 149, MB_ICONSTOP, 0, "Please click on a text pane first."},
       {"a question", true, 161, MB_YESNO | MB_ICONEXCLAMATION, 0,
        "%s is a binary file.  Continue the compare or merge operation?"},
@@ -287,9 +261,7 @@ TEST(VnExceptionTest, LocalMessageBoxShowsTheNamedModulesString) {
     HINSTANCE module = c.component ? GetResourceModule() : TestModule();
     EXPECT_EQ(IDCANCEL, AfxLocalMessageBox(module, c.id, c.type, c.help));
     ASSERT_EQ(1u, prompt.Asked().size());
-    EXPECT_EQ(c.text, prompt.Asked()[0].text);
-    EXPECT_EQ(c.type, prompt.Asked()[0].type);
-    EXPECT_EQ(c.help, prompt.Asked()[0].helpId);
+    EXPECT_EQ(Box(c.text, c.type, c.help), Fields(prompt.Asked()[0]));
   }
 }
 

@@ -14,6 +14,7 @@
 #include <random>
 #include <sstream>
 #include <string>
+#include <tuple>
 #include <utility>
 
 namespace {
@@ -48,12 +49,8 @@ Thrown Failure(LONG code, const CString& file) { return Thrown(code, U8(file)); 
 
 TEST(VnFileSystemTest, NamesWriteTheIdInEightUpperCaseHexDigits) {
   const CVnFileSystem store(_T("r"), 5);
-  struct Case {
-    unsigned long id, second;
-    const char *alone, *pair;
-  } cases[] = {
-      {0, 0, "00000000", "00000000.0"},
-      {0x1A2B, 7, "00001A2B", "00001A2B.7"},
+  struct Case { unsigned long id, second; const char *alone, *pair; } cases[] = {
+      {0, 0, "00000000", "00000000.0"}, {0x1A2B, 7, "00001A2B", "00001A2B.7"},
       {0xFFFFFFFFul, 0xFFFFFFFFul, "FFFFFFFF", "FFFFFFFF.-1"},
       {0xABCDEF, 0x80000000ul, "00ABCDEF", "00ABCDEF.-2147483648"},
   };
@@ -78,30 +75,21 @@ TEST(VnFileSystemTest, AnExtensionMustLeaveTheNameWithin260Characters) {
 
 TEST(VnFileSystemTest, FileIdsAreReadFromTheNameBehindTheLastSeparator) {
   const CVnFileSystem store(_T("c:\\store"), 0);
-  struct Case {
-    const char* path;
-    int result;
-    unsigned long id, second;  // 99 where untouched
-  } cases[] = {
-      {"c:\\store\\00001A2B.7", 1, 0x1A2B, 7},
-      {"c:/store/00001A2B.7", 1, 0x1A2B, 7},
-      {"c:\\store\\00001a2b.7", 1, 0x1A2B, 7},
-      {"c:\\store\\00001A2B", 0, 0x1A2B, 99},
-      {"c:\\store\\readme.txt", 0, 99, 99},
-      {"c:\\store\\FFFFFFFF.-1", 1, 0xFFFFFFFFul, 0xFFFFFFFFul},
+  // 99 where untouched.
+  struct Case { const char* path; int result; unsigned long id, second; } cases[] = {
+      {"c:\\store\\00001A2B.7", 1, 0x1A2B, 7}, {"c:/store/00001A2B.7", 1, 0x1A2B, 7},
+      {"c:\\store\\00001a2b.7", 1, 0x1A2B, 7}, {"c:\\store\\00001A2B", 0, 0x1A2B, 99},
+      {"c:\\store\\readme.txt", 0, 99, 99}, {"c:\\store\\FFFFFFFF.-1", 1, 0xFFFFFFFFul, 0xFFFFFFFFul},
       {"c:\\store\\00001A2B.txt", 0, 0x1A2B, 99},
       {"c:\\store\\123456789.5", 0, 0x12345678, 99},  // a ninth digit is not a dot
-      {"00000010.20", 1, 0x10, 20},                    // no separator at all
-      {"c:\\dir.5\\", 0, 99, 99},                       // nothing behind the separator
-      {"", 0, 99, 99},
-      {"c:\\s\\1.+4", 1, 1, 4},
-      {"c:\\s\\a.-", 0, 0xA, 99},
+      {"00000010.20", 1, 0x10, 20},  // no separator at all
+      {"c:\\dir.5\\", 0, 99, 99},  // nothing behind the separator
+      {"", 0, 99, 99}, {"c:\\s\\1.+4", 1, 1, 4}, {"c:\\s\\a.-", 0, 0xA, 99},
   };
   for (const Case& c : cases) {
     unsigned long id = 99, second = 99;
-    EXPECT_EQ(c.result, store.GetFileIDs(W(c.path), id, second)) << c.path;
-    EXPECT_EQ(c.id, id) << c.path;
-    EXPECT_EQ(c.second, second) << c.path;
+    const int result = store.GetFileIDs(W(c.path), id, second);
+    EXPECT_EQ(std::make_tuple(c.result, c.id, c.second), std::make_tuple(result, id, second)) << c.path;
   }
   unsigned long id = 99, second = 99;
   EXPECT_EQ(0, store.GetFileIDs(nullptr, id, second));
@@ -114,8 +102,7 @@ TEST(VnFileSystemTest, NamesRoundTripForRandomIdsAndExtensions) {
     const unsigned long id = rng(), second = rng();
     unsigned long readId = 0, readSecond = 0;
     ASSERT_EQ(1, store.GetFileIDs(store.GetFilePath(id, second), readId, readSecond));
-    EXPECT_EQ(id, readId);
-    EXPECT_EQ(second, readSecond);
+    EXPECT_EQ(std::make_pair(id, second), std::make_pair(readId, readSecond));
 
     // A letters-only extension reads back as the ID alone, a digits-only one
     // as a second ID.
@@ -129,8 +116,7 @@ TEST(VnFileSystemTest, NamesRoundTripForRandomIdsAndExtensions) {
     }
     readSecond = 12345;
     EXPECT_EQ(0, store.GetFileIDs(store.GetFilePath(id, letters), readId, readSecond));
-    EXPECT_EQ(id, readId);
-    EXPECT_EQ(12345u, readSecond);
+    EXPECT_EQ(std::make_pair(id, 12345ul), std::make_pair(readId, readSecond));
     EXPECT_EQ(1, store.GetFileIDs(store.GetFilePath(id, digits), readId, readSecond));
     EXPECT_EQ(number, readSecond);
   }

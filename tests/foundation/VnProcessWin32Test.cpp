@@ -24,11 +24,7 @@ using vn::test::HelperCommand;
 // An application object that records what is asked of it.
 class RecordingApp : public CWinApp {
 public:
-  struct HelpCall {
-    std::string path;
-    DWORD_PTR data;
-    UINT command;
-  };
+  struct HelpCall { std::string path; DWORD_PTR data; UINT command; };
   void WinHelp(DWORD_PTR data, UINT command) override {
     m_calls.push_back({m_pszHelpFilePath ? VnToUtf8(m_pszHelpFilePath) : "<null>", data, command});
   }
@@ -53,19 +49,13 @@ long long ThrownCode(const std::function<void()>& call) {
 TEST(VnProcessWin32Test, RunAppGivesTheExitCodeOfWhatItWaitedFor) {
   ASSERT_TRUE(vn::test::HelperExists());
   RecordingApp app;
-  struct Row {
-    const char* args;
-    int show, wait, windowed, idle;
-    long code;
-  } rows[] = {
+  struct Row { const char* args; int show, wait, windowed, idle; long code; } rows[] = {
       {"exit 0", 0, 1, 0, 0, 0},       {"exit 7", 0, 1, 0, 0, 7},
-      {"exit 7", 1, 1, 0, 0, 7},       {"sleep 300 42", 0, 1, 0, 0, 42},
-      {"exit 3000000", 0, 1, 0, 0, 3000000},
+      {"exit 7", 1, 1, 0, 0, 7},       {"sleep 300 42", 0, 1, 0, 0, 42}, {"exit 3000000", 0, 1, 0, 0, 3000000},
       {"sleep 300 3", 0, 1, 0, 1, 3},  // the idle flag alone waits for nothing more
       // Not waiting: the code is read at once, while the helper still sleeps;
       // for a windowed program it is never read.
-      {"sleep 1500 5", 0, 0, 0, 0, static_cast<long>(STILL_ACTIVE)},
-      {"sleep 1500 5", 0, 0, 1, 0, 0},
+      {"sleep 1500 5", 0, 0, 0, 0, static_cast<long>(STILL_ACTIVE)}, {"sleep 1500 5", 0, 0, 1, 0, 0},
   };
   for (const Row& r : rows) {
     EXPECT_EQ(r.code, RunApp(HelperCommand() + _T(" ") + VnFromUtf8(r.args), r.show, r.wait, r.windowed, r.idle))
@@ -235,15 +225,11 @@ TEST(VnProcessWin32Test, LocalHelpAtAPointTakesTheControlsHelpId) {
   UpdateWindow(parent);
   CWnd* none = nullptr;
 
-  struct Row {
-    POINT client;
-    bool withWindow;
-    std::vector<DWORD_PTR> asked;
-  } rows[] = {
+  struct Row { POINT client; bool withWindow; std::vector<DWORD_PTR> asked; } rows[] = {
       {{30, 30}, false, {321}},  // the control under the point has its own ID
       {{30, 120}, true, {555}},  // disabled: found through the parent
-      {{30, 120}, false, {}},    // no window to convert against: ID 0
-      {{250, 60}, true, {}},     // the parent's bare client area: ID 0
+      {{30, 120}, false, {}},  // no window to convert against: ID 0
+      {{250, 60}, true, {}},  // the parent's bare client area: ID 0
   };
   for (const Row& r : rows) {
     app.m_calls.clear();

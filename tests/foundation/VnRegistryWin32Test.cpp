@@ -49,6 +49,15 @@ protected:
     RegCloseKey(key);
     return true;
   }
+  // Creates each key below HKCU\<path>, with a value in it.
+  void Make(std::initializer_list<LPCWSTR> keys) {
+    CVnRegistry maker(HKEY_CURRENT_USER, m_path);
+    for (LPCWSTR key : keys) {
+      EXPECT_EQ(1, maker.OpenSection(key));
+      maker.PutInt(_T("V"), 1);
+      maker.CloseSection();
+    }
+  }
   // Writes a raw value of any type and size under HKCU\<path>\<section>.
   void PutRaw(LPCWSTR section, LPCWSTR name, DWORD type, const void* data, DWORD size) {
     HKEY key = nullptr;
@@ -80,13 +89,12 @@ TEST_F(VnRegistryTest, ValuesRoundTripThroughTheSectionAndThroughASubKey) {
   EXPECT_EQ(1u, reg.GetInt(_T("Flag"), 7, _T("Sec"))) << "PutBool stores 1 for any value not 0";
   EXPECT_EQ(1, reg.GetBool(_T("Flag"), 0, _T("Sec")));
   BYTE back[5] = {};
-  DWORD size = sizeof back;
+  DWORD size = sizeof back, type = 0;
   EXPECT_EQ(1, reg.GetBinary(_T("Data"), back, size, nullptr, _T("Sec")));
   EXPECT_EQ(5u, size);
   EXPECT_EQ(0, std::memcmp(data, back, sizeof data));
 
   // Strings are stored with their terminator.
-  DWORD type = 0;
   size = 0;
   HKEY key = nullptr;
   ASSERT_EQ(ERROR_SUCCESS, RegOpenKeyExW(HKEY_CURRENT_USER, m_path + _T("\\Sec"), 0, KEY_READ, &key));
@@ -96,44 +104,38 @@ TEST_F(VnRegistryTest, ValuesRoundTripThroughTheSectionAndThroughASubKey) {
   EXPECT_EQ(24u, size) << "(11 characters + 1) * 2 bytes";
 }
 
-// Each row stores one raw value (or none) and reads it with one reader; the
-// reader must give the caller's default.
-TEST_F(VnRegistryTest, ReadersGiveTheDefaultForEveryKindOfFailure) {
+// Raw values of every type and size: the readers take text up to its first
+// zero, unexpanded, and give the caller's default for every kind of failure.
+TEST_F(VnRegistryTest, ReadersTakeTextToItsFirstZeroAndGiveTheDefaultForEveryFailure) {
   const DWORD number = 42;
   const WORD shortNumber = 42;
-  const WCHAR text[] = L"text";
-  const BYTE bytes[4] = {42, 0, 0, 0};
-  PutRaw(_T("Sec"), _T("Sz"), REG_SZ, text, sizeof text);
-  PutRaw(_T("Sec"), _T("Short"), REG_DWORD, &shortNumber, sizeof shortNumber);
-  PutRaw(_T("Sec"), _T("Long"), REG_DWORD, bytes, 3);
-  PutRaw(_T("Sec"), _T("Bin"), REG_BINARY, bytes, sizeof bytes);
-  PutRaw(_T("Sec"), _T("Num"), REG_DWORD, &number, sizeof number);
-  PutRaw(_T("Sec"), _T("Multi"), REG_MULTI_SZ, L"a\0b\0", 10);
-
+  const BYTE bytes[4] = {42, 0, 0, 0}, odd[] = {'h', 0, 'i', 0, '!'};
+  const WCHAR embedded[] = L"one\0two", unterminated[] = {'a', 'b', 'c'}, expand[] = L"%PATH%\\x";
+  const struct { LPCWSTR name; DWORD type; const void* data; DWORD size; } raw[] = {
+      {_T("Sz"), REG_SZ, L"text", 10}, {_T("Short"), REG_DWORD, &shortNumber, 2}, {_T("Long"), REG_DWORD, bytes, 3},
+      {_T("Bin"), REG_BINARY, bytes, 4}, {_T("Num"), REG_DWORD, &number, 4},
+      {_T("Multi"), REG_MULTI_SZ, L"a\0b\0", 10}, {_T("Embedded"), REG_SZ, embedded, sizeof embedded},
+      {_T("Unterminated"), REG_SZ, unterminated, 6}, {_T("Expand"), REG_EXPAND_SZ, expand, sizeof expand},
+      {_T("Odd"), REG_SZ, odd, 5}, {_T("Empty"), REG_SZ, nullptr, 0},
+  };
+  for (const auto& r : raw)
+    PutRaw(_T("Sec"), r.name, r.type, r.data, r.size);
   CVnRegistry reg(HKEY_CURRENT_USER, m_path, _T("Sec"));
-  struct Row {
-    const char* what;
-    LPCWSTR name;
-    LPCWSTR subKey;
-  } ints[] = {
-      {"missing value", _T("Nothing"), nullptr},
-      {"text read as a number", _T("Sz"), nullptr},
-      {"a two-byte DWORD", _T("Short"), nullptr},
-      {"a three-byte DWORD", _T("Long"), nullptr},
-      {"binary read as a number", _T("Bin"), nullptr},
-      {"missing sub key", _T("Num"), _T("NoSuchKey")},
+  struct Row { const char* what; LPCWSTR name; LPCWSTR subKey; } ints[] = {
+      {"missing value", _T("Nothing"), nullptr}, {"text read as a number", _T("Sz"), nullptr},
+      {"a two-byte DWORD", _T("Short"), nullptr}, {"a three-byte DWORD", _T("Long"), nullptr},
+      {"binary read as a number", _T("Bin"), nullptr}, {"missing sub key", _T("Num"), _T("NoSuchKey")},
   };
   for (const Row& r : ints)
     EXPECT_EQ(777u, reg.GetInt(r.name, 777, r.subKey)) << r.what;
-  const Row strings[] = {
-      {"missing value", _T("Nothing"), nullptr},
-      {"number read as text", _T("Num"), nullptr},
-      {"binary read as text", _T("Bin"), nullptr},
-      {"multi-string read as text", _T("Multi"), nullptr},
-      {"missing sub key", _T("Sz"), _T("NoSuchKey")},
+  const struct { LPCWSTR name; LPCWSTR subKey; const char* text; } strings[] = {
+      {_T("Nothing"), nullptr, "fallback"}, {_T("Num"), nullptr, "fallback"}, {_T("Bin"), nullptr, "fallback"},
+      {_T("Multi"), nullptr, "fallback"}, {_T("Sz"), _T("NoSuchKey"), "fallback"}, {_T("Embedded"), nullptr, "one"},
+      {_T("Unterminated"), nullptr, "abc"}, {_T("Expand"), nullptr, "%PATH%\\x"}, {_T("Odd"), nullptr, "hi"},
+      {_T("Empty"), nullptr, ""},
   };
-  for (const Row& r : strings)
-    EXPECT_EQ("fallback", U8(reg.GetString(r.name, _T("fallback"), r.subKey))) << r.what;
+  for (const auto& r : strings)
+    EXPECT_EQ(r.text, U8(reg.GetString(r.name, _T("fallback"), r.subKey))) << U8(r.name);
   EXPECT_EQ("", U8(reg.GetString(_T("Nothing"), nullptr))) << "a null default counts as empty";
 
   EXPECT_EQ(1, reg.GetBool(_T("Nothing"), 2)) << "the default is reduced to 1";
@@ -143,28 +145,6 @@ TEST_F(VnRegistryTest, ReadersGiveTheDefaultForEveryKindOfFailure) {
   reg.CloseSection();
   EXPECT_EQ(777u, reg.GetInt(_T("Num"), 777));
   EXPECT_EQ("fallback", U8(reg.GetString(_T("Sz"), _T("fallback"))));
-}
-
-TEST_F(VnRegistryTest, TextIsTakenUpToItsFirstZeroAndNotExpanded) {
-  const WCHAR embedded[] = L"one\0two";
-  const WCHAR unterminated[] = {'a', 'b', 'c'};
-  const WCHAR expand[] = L"%PATH%\\x";
-  const BYTE odd[] = {'h', 0, 'i', 0, '!'};
-  PutRaw(_T("Sec"), _T("Embedded"), REG_SZ, embedded, sizeof embedded);
-  PutRaw(_T("Sec"), _T("Unterminated"), REG_SZ, unterminated, sizeof unterminated);
-  PutRaw(_T("Sec"), _T("Expand"), REG_EXPAND_SZ, expand, sizeof expand);
-  PutRaw(_T("Sec"), _T("Odd"), REG_SZ, odd, sizeof odd);
-  PutRaw(_T("Sec"), _T("Nothing"), REG_SZ, nullptr, 0);
-  CVnRegistry reg(HKEY_CURRENT_USER, m_path, _T("Sec"));
-  struct Row {
-    LPCWSTR name;
-    const char* expected;
-  } rows[] = {
-      {_T("Embedded"), "one"},   {_T("Unterminated"), "abc"}, {_T("Expand"), "%PATH%\\x"},
-      {_T("Odd"), "hi"},         {_T("Nothing"), ""},
-  };
-  for (const Row& r : rows)
-    EXPECT_EQ(r.expected, U8(reg.GetString(r.name, _T("def")))) << U8(r.name);
 }
 
 TEST_F(VnRegistryTest, GetBinaryReportsSizesAndFallsBackToTheDefaultData) {
@@ -195,9 +175,7 @@ TEST_F(VnRegistryTest, GetBinaryReportsSizesAndFallsBackToTheDefaultData) {
     size = 2;
     std::memset(out, 0, sizeof out);
     EXPECT_EQ(1, reg.GetBinary(name, out, size, def)) << U8(name);
-    EXPECT_EQ(1, out[0]);
-    EXPECT_EQ(2, out[1]);
-    EXPECT_EQ(0, out[2]) << "only as many bytes as the caller's size";
+    EXPECT_EQ((std::vector<BYTE>{1, 2, 0}), std::vector<BYTE>(out, out + 3)) << "only the caller's size";
     EXPECT_EQ(0, reg.GetBinary(name, out, size)) << "no default data: 0";
   }
 }
@@ -273,13 +251,7 @@ TEST_F(VnRegistryTest, SetBaseKeyOpensOrCreatesAndLeavesTheSectionAlone) {
 }
 
 TEST_F(VnRegistryTest, KeyListsNameChildrenAndLeaveNoSectionOpen) {
-  {
-    CVnRegistry maker(HKEY_CURRENT_USER, m_path);
-    for (LPCWSTR child : {_T("Parent\\beta"), _T("Parent\\alpha"), _T("Parent\\gamma\\deep"), _T("Lonely")}) {
-      EXPECT_EQ(1, maker.OpenSection(child));
-      maker.CloseSection();
-    }
-  }
+  Make({_T("Parent\\beta"), _T("Parent\\alpha"), _T("Parent\\gamma\\deep"), _T("Lonely")});
   ProbeRegistry reg(HKEY_CURRENT_USER, m_path, _T("Lonely"));
   CStringList names;
   names.AddTail(_T("stale"));
@@ -297,14 +269,7 @@ TEST_F(VnRegistryTest, KeyListsNameChildrenAndLeaveNoSectionOpen) {
 }
 
 TEST_F(VnRegistryTest, DeleteSectionRemovesWholeTreesAndOnlyThem) {
-  {
-    CVnRegistry maker(HKEY_CURRENT_USER, m_path);
-    for (LPCWSTR key : {_T("Tree\\a\\b\\c\\d"), _T("Tree\\a\\x"), _T("Tree\\e"), _T("Keep\\k")}) {
-      maker.OpenSection(key);
-      maker.PutInt(_T("V"), 1);
-      maker.CloseSection();
-    }
-  }
+  Make({_T("Tree\\a\\b\\c\\d"), _T("Tree\\a\\x"), _T("Tree\\e"), _T("Keep\\k")});
   CVnRegistry reg(HKEY_CURRENT_USER, m_path);
   EXPECT_EQ(0, reg.DeleteSection(_T("Tree"))) << "one call refuses a key with children";
   EXPECT_TRUE(KeyExists(_T("Tree\\a\\b\\c\\d")));

@@ -18,16 +18,8 @@ struct WithoutCPInfoEx {
 // Double-byte pages get their lead byte ranges.
 TEST(VnCPInfoTest, FallbackNamesThePageByItsNumber) {
   WithoutCPInfoEx hidden;
-  const struct {
-    unsigned page;
-    int ok;
-    const char* name;
-    unsigned maxCharSize;
-    BYTE lead0, lead1;
-  } cases[] = {
-      {1252, 1, "CP1252", 1, 0, 0},
-      {65001, 1, "CP65001", 4, 0, 0},
-      {932, 1, "CP932", 2, 0x81, 0x9F},
+  const struct { unsigned page; int ok; const char* name; unsigned maxCharSize; BYTE lead0, lead1; } cases[] = {
+      {1252, 1, "CP1252", 1, 0, 0}, {65001, 1, "CP65001", 4, 0, 0}, {932, 1, "CP932", 2, 0x81, 0x9F},
       {12345, 0, "CP12345", 0, 0, 0},  // unknown: failure, but the record still says it
   };
   for (const auto& c : cases) {

@@ -104,10 +104,7 @@ TEST_F(DiffFileTest, DetectsEncodingByMarkAndConvertsToUtf16) {
 }
 
 TEST_F(DiffFileTest, RepairsEveryLineEndMixToCrLf) {
-  const struct {
-    const char* in;
-    const char* out;
-  } cases[] = {
+  const struct { const char* in; const char* out; } cases[] = {
       {"a\nb", "a\r\nb"},           {"a\rb\n", "a\r\nb\r\n"},     {"a\n\rb", "a\r\nb"},
       {"\n", "\r\n"},               {"\r\n\r\n", "\r\n\r\n"},     {"\r\r\n", "\r\n\r\n"},
       {"a\r\nb\nc\rd", "a\r\nb\r\nc\r\nd"}, {"a", "a"},           {"\n\r\n", "\r\n\r\n"},
@@ -170,20 +167,12 @@ TEST_F(DiffFileTest, ChunkedAsciiRepairPairsLineEndsAcrossChunks) {
 TEST_F(DiffFileTest, ReportsTheKindsOfLineEndItSaw) {
   const unsigned K = CVnDiffFile::EndsKnown, LF = CVnDiffFile::EndLf, CRLF = CVnDiffFile::EndCrLf,
                  CR = CVnDiffFile::EndCr, LFCR = CVnDiffFile::EndLfCr;
-  const struct {
-    std::string bytes;
-    unsigned kinds;
-  } cases[] = {
-      {"a\nb\n", K | LF},
-      {"a\r\nb", K | CRLF},
-      {"a\rb\r", K | CR},
-      {"a\n\rb", K | LFCR},
-      {"a\r\nb\nc\r", K | CRLF | LF | CR},
-      {"\r\r\n", K | CR | CRLF},
-      {"no end", K},
-      {"caf\xE9\n", 0},                           // through the converter
-      {"\xFF\xFE" + Le("a\n"), 0},                 // UTF-16
-      {std::string("a\n\0b", 4), 0},              // binary: the only case that asks
+  const struct { std::string bytes; unsigned kinds; } cases[] = {
+      {"a\nb\n", K | LF}, {"a\r\nb", K | CRLF}, {"a\rb\r", K | CR}, {"a\n\rb", K | LFCR},
+      {"a\r\nb\nc\r", K | CRLF | LF | CR}, {"\r\r\n", K | CR | CRLF}, {"no end", K},
+      {"caf\xE9\n", 0},  // through the converter
+      {"\xFF\xFE" + Le("a\n"), 0},  // UTF-16
+      {std::string("a\n\0b", 4), 0},  // binary: the only case that asks
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.bytes);
@@ -201,17 +190,22 @@ TEST_F(DiffFileTest, ReportsTheKindsOfLineEndItSaw) {
   }
 }
 
-TEST_F(DiffFileTest, NulUnitEndsTheRepairScan) {
-  // No lone line end before the NUL: the whole text stays.
-  EXPECT_EQ(Le("a\r\n") + std::string("\0\0", 2) + Le("b\n"),
-            Load("\xFF\xFE" + Le("a\r\n") + std::string("\0\0", 2) + Le("b\n")).text);
-  // A lone LF before the NUL: the text is cut at the NUL.
-  EXPECT_EQ(Le("a\r\n"), Load("\xFF\xFE" + Le("a\n") + std::string("\0\0", 2) + Le("b\n")).text);
-}
-
-TEST_F(DiffFileTest, OddUtf16BeByteStaysAndCounts) {
-  Loaded r = Load(std::string("\xFE\xFF\0a\x7F", 5));
-  EXPECT_EQ(std::string("a\0\x7F", 3), r.text);
+// A NUL unit ends the repair scan: with no lone line end before it the
+// whole text stays, after a lone LF the text is cut there.  An odd last
+// UTF-16BE byte stays; a single NUL byte is binary, its marker the text.
+TEST_F(DiffFileTest, NulUnitsOddBytesAndLoneNulLoadAsTheyShould) {
+  const std::string nul("\0\0", 2);
+  const struct { std::string bytes, text; int type; } cases[] = {
+      {"\xFF\xFE" + Le("a\r\n") + nul + Le("b\n"), Le("a\r\n") + nul + Le("b\n"), 1},
+      {"\xFF\xFE" + Le("a\n") + nul + Le("b\n"), Le("a\r\n"), 1},
+      {std::string("\xFE\xFF\0a\x7F", 5), std::string("a\0\x7F", 3), 1}, {std::string("\0", 1), "\x01", 2},
+  };
+  ScriptedPrompt prompt({IDYES});
+  for (const auto& c : cases) {
+    Loaded r = Load(c.bytes);
+    EXPECT_EQ(std::make_pair(c.text, c.type), std::make_pair(r.text, r.type)) << c.bytes.size();
+  }
+  EXPECT_EQ(1u, prompt.Asked().size());
 }
 
 TEST_F(DiffFileTest, SetFileEncodingOverridesDetection) {
@@ -239,92 +233,79 @@ TEST_F(DiffFileTest, SetFileEncodingOverridesDetection) {
   EXPECT_EQ(std::string("\xEF\x00\xBB\x00\xBF\x00z\x00", 8), ansi.text);
 }
 
-TEST_F(DiffFileTest, BinaryFileAsksAndFollowsTheAnswer) {
-  TempFile file(std::string("ab\0c", 4));
+// A file object on a temporary file, and the buffer of its last load.
+struct Opened {
+  explicit Opened(const std::string& bytes) : file(bytes) { diff.SetFileName(file.Path()); }
+  bool Load() { return diff.GetFileContents(text, length); }
+  std::string Text() const { return Bytes(text, length); }
+  TempFile file;
   CVnDiffFile diff;
-  diff.SetFileName(file.Path());
-  unsigned char* text = reinterpret_cast<unsigned char*>(1);
-  unsigned long length = 77;
-  {
-    ScriptedPrompt prompt({IDNO});
-    EXPECT_FALSE(diff.GetFileContents(text, length));
-    ASSERT_EQ(1u, prompt.Asked().size());
-    EXPECT_EQ(VnToUtf8(file.Path()) + " is a binary file.  Continue the compare or merge operation?",
-              prompt.Asked()[0].text);
-    EXPECT_EQ(0x34u, prompt.Asked()[0].type);
-  }
-  EXPECT_EQ(reinterpret_cast<unsigned char*>(1), text);  // untouched on No
-  EXPECT_EQ(77u, length);
-  EXPECT_TRUE(diff.IsBinary());
-  {
-    ScriptedPrompt prompt({IDYES});
-    ASSERT_TRUE(diff.GetFileContents(text, length));
-  }
-  // NUL becomes a space and the last byte the marker, whatever it was.
-  EXPECT_EQ(std::string("ab \x01", 4), Bytes(text, length));
-}
+  unsigned char* text = nullptr;
+  unsigned long length = 0;
+};
 
-TEST_F(DiffFileTest, SingleNulByteComesBackAsTheMarker) {
-  ScriptedPrompt prompt({IDYES});
-  Loaded r = Load(std::string("\0", 1));
-  EXPECT_EQ(std::string("\x01"), r.text);
-  EXPECT_EQ(2, r.type);
+TEST_F(DiffFileTest, BinaryFileAsksAndFollowsTheAnswer) {
+  ScriptedPrompt prompt({IDNO, IDYES});
+  Opened a(std::string("ab\0c", 4));
+  a.text = reinterpret_cast<unsigned char*>(1);
+  a.length = 77;
+  EXPECT_FALSE(a.Load());
+  ASSERT_EQ(1u, prompt.Asked().size());
+  EXPECT_EQ(VnToUtf8(a.file.Path()) + " is a binary file.  Continue the compare or merge operation?",
+            prompt.Asked()[0].text);
+  EXPECT_EQ(0x34u, prompt.Asked()[0].type);
+  EXPECT_EQ(reinterpret_cast<unsigned char*>(1), a.text);  // untouched on No
+  EXPECT_EQ(77u, a.length);
+  EXPECT_TRUE(a.diff.IsBinary());
+  ASSERT_TRUE(a.Load());
+  // NUL becomes a space and the last byte the marker, whatever it was.
+  EXPECT_EQ(std::string("ab \x01", 4), a.Text());
 }
 
 TEST_F(DiffFileTest, SecondLoadGivesTheSameBufferWithoutReading) {
-  TempFile file("one\r\ntwo");
-  CVnDiffFile diff;
-  diff.SetFileName(file.Path());
-  unsigned char *a = nullptr, *b = nullptr;
-  unsigned long la = 0, lb = 0;
-  ASSERT_TRUE(diff.GetFileContents(a, la));
-  file.Write("changed on disk");
-  ASSERT_TRUE(diff.GetFileContents(b, lb));
-  EXPECT_EQ(a, b);
-  EXPECT_EQ(la, lb);
+  Opened a("one\r\ntwo");
+  ASSERT_TRUE(a.Load());
+  const unsigned char* first = a.text;
+  a.file.Write("changed on disk");
+  ASSERT_TRUE(a.Load());
+  EXPECT_EQ(first, a.text);
+  EXPECT_EQ(Le("one\r\ntwo"), a.Text());
   // A new name takes it back to not loaded; the next load reads again.
-  diff.SetFileName(file.Path());
-  ASSERT_TRUE(diff.GetFileContents(b, lb));
-  EXPECT_EQ(Le("changed on disk"), Bytes(b, lb));
+  a.diff.SetFileName(a.file.Path());
+  ASSERT_TRUE(a.Load());
+  EXPECT_EQ(Le("changed on disk"), a.Text());
 }
 
 TEST_F(DiffFileTest, CopyHasItsOwnBufferWithTheSameText) {
-  TempFile file("\xFF\xFE" + Le("x\ny"));
-  CVnDiffFile diff;
-  diff.SetFileName(file.Path());
-  unsigned char* text = nullptr;
-  unsigned long length = 0;
-  ASSERT_TRUE(diff.GetFileContents(text, length));
-  CVnDiffFile copy(diff);
-  CVnDiffFile assigned;
-  assigned = diff;
+  Opened a("\xFF\xFE" + Le("x\ny"));
+  ASSERT_TRUE(a.Load());
+  CVnDiffFile copy(a.diff), assigned;
+  assigned = a.diff;
   for (CVnDiffFile* c : {&copy, &assigned}) {
     unsigned char* t = nullptr;
     unsigned long l = 0;
     ASSERT_TRUE(c->GetFileContents(t, l));
-    EXPECT_NE(text, t);
-    EXPECT_EQ(Bytes(text, length), Bytes(t, l));
+    EXPECT_NE(a.text, t);
+    EXPECT_EQ(a.Text(), Bytes(t, l));
     EXPECT_EQ(70001u, c->GetCodePage());
   }
 }
 
 TEST_F(DiffFileTest, MissingFileRaisesAndKeepsTheEarlierText) {
-  TempFile file("kept");
-  CVnDiffFile diff;
-  diff.SetFileName(file.Path());
-  unsigned char* text = nullptr;
-  unsigned long length = 0;
-  ASSERT_TRUE(diff.GetFileContents(text, length));
-  diff.SetFileName(file.Path() + _T(".missing"));
+  Opened a("kept");
+  ASSERT_TRUE(a.Load());
+  a.diff.SetFileName(a.file.Path() + _T(".missing"));
   unsigned char* other = nullptr;
+  unsigned long length = 0;
+  int cause = -1;
   try {
-    diff.GetFileContents(other, length);
-    FAIL() << "a missing file must raise";
+    a.diff.GetFileContents(other, length);
   } catch (CFileException* e) {
-    EXPECT_EQ(CFileException::fileNotFound, e->m_cause);
+    cause = e->m_cause;
     e->Delete();
   }
-  EXPECT_EQ(Le("kept"), Bytes(text, 8));  // the old buffer is still alive
+  EXPECT_EQ(CFileException::fileNotFound, cause);
+  EXPECT_EQ(Le("kept"), a.Text());  // the old buffer is still alive
 }
 
 TEST_F(DiffFileTest, MegabyteLineSurvivesWhole) {

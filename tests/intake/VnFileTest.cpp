@@ -40,16 +40,9 @@ CString DirectoryOf(const CString& path) {
 }
 
 TEST(VnFileTest, NulTestLooksAtEveryByteAndNothingElse) {
-  const struct {
-    std::string data;
-    bool binary;
-    unsigned long fromNul;
-  } cases[] = {
-      {"", false, 0},
-      {"plain text\r\n\xFF\xFE", false, 0},
-      {std::string("ab\0d", 4), true, 2},
-      {std::string("abc\0", 4), true, 1},
-      {std::string("\0", 1), true, 1},
+  const struct { std::string data; bool binary; unsigned long fromNul; } cases[] = {
+      {"", false, 0}, {"plain text\r\n\xFF\xFE", false, 0}, {std::string("ab\0d", 4), true, 2},
+      {std::string("abc\0", 4), true, 1}, {std::string("\0", 1), true, 1},
       {std::string(150000, 'x') + std::string(1, '\0') + std::string(49999, 'x'), true, 50000},  // beyond a chunk
   };
   for (const auto& c : cases) {

@@ -9,10 +9,8 @@ namespace {
 const unsigned char* U(const char* s) { return reinterpret_cast<const unsigned char*>(s); }
 
 TEST(VnUTF8Test, ConvertsTextAndTerminatesIt) {
-  const struct {
-    const char* utf8;
-    int size;
-  } cases[] = {{"abc", 3}, {"", 0}, {"caf\xC3\xA9", 5}, {"\xF0\x9F\x98\x80", 4}};
+  const struct { const char* utf8; int size; } cases[] = {
+      {"abc", 3}, {"", 0}, {"caf\xC3\xA9", 5}, {"\xF0\x9F\x98\x80", 4}};
   for (const auto& c : cases) {
     CString text = VnFromUtf8(c.utf8);
     CVnUTF8 u(text);
@@ -45,10 +43,7 @@ TEST(VnUTF8Test, WrapsForeignBytesWithoutCopying) {
 
 TEST(VnUTF8Test, ShortStringsStayInsideTheObject) {
   CVnUTF8 u;
-  const struct {
-    int size;
-    bool inside;
-  } cases[] = {{0, true}, {4095, true}, {4096, false}, {100000, false}};
+  const struct { int size; bool inside; } cases[] = {{0, true}, {4095, true}, {4096, false}, {100000, false}};
   for (const auto& c : cases) {
     unsigned char* p = u.AllocUTF8(c.size);
     const bool inside = p >= reinterpret_cast<unsigned char*>(&u) &&

@@ -28,60 +28,32 @@ Parsed Parse(const char* line, int capacity) {
   return p;
 }
 
-struct Case {
-  const char* line;
-  int capacity;
-  int result;
-  std::vector<std::string> args;
-};
+struct Case { const char* line; int capacity; int result; std::vector<std::string> args; };
 
 // The result counts a surplus argument as capacity + 1 and a malformed
 // quote as -1; either way what was stored before stays.
 TEST(VnCmdLineTest, ParsesTheTableOfLines) {
   const Case cases[] = {
       // Blanks separate; runs of them are one separator.
-      {"", 2, 0, {}},
-      {"   ", 2, 0, {}},
-      {" \t \r\n", 2, 0, {}},
-      {"a", 2, 1, {"a"}},
-      {"a b", 2, 2, {"a", "b"}},
-      {"a   b", 2, 2, {"a", "b"}},
-      {"a b c", 2, 3, {"a", "b"}},
-      {"a b ", 2, 2, {"a", "b"}},
-      {"a b  ", 2, 3, {"a", "b"}},
+      {"", 2, 0, {}}, {"   ", 2, 0, {}}, {" \t \r\n", 2, 0, {}}, {"a", 2, 1, {"a"}}, {"a b", 2, 2, {"a", "b"}},
+      {"a   b", 2, 2, {"a", "b"}}, {"a b c", 2, 3, {"a", "b"}}, {"a b ", 2, 2, {"a", "b"}}, {"a b  ", 2, 3, {"a", "b"}},
       {"  \tlead", 2, 1, {"lead"}},
       // Quoted arguments keep blanks and may be empty.
-      {"\"a b\" c", 2, 2, {"a b", "c"}},
-      {"\"a b\"", 2, 1, {"a b"}},
-      {"\"\"", 2, 1, {""}},
-      {"\"\" \"\"", 2, 2, {"", ""}},
-      {"x \"a b\"", 2, 2, {"x", "a b"}},
-      {"\"a\" ", 2, 1, {"a"}},
-      {"\"a\"   b", 2, 2, {"a", "b"}},
-      {"\"a\tb\"", 2, 1, {"a\tb"}},
+      {"\"a b\" c", 2, 2, {"a b", "c"}}, {"\"a b\"", 2, 1, {"a b"}}, {"\"\"", 2, 1, {""}},
+      {"\"\" \"\"", 2, 2, {"", ""}}, {"x \"a b\"", 2, 2, {"x", "a b"}}, {"\"a\" ", 2, 1, {"a"}},
+      {"\"a\"   b", 2, 2, {"a", "b"}}, {"\"a\tb\"", 2, 1, {"a\tb"}},
       // Malformed quotes.
-      {"\"a", 2, -1, {}},
-      {"\"a\"b", 2, -1, {"a"}},
-      {"x \"unclosed", 2, -1, {"x"}},
-      {"\"a\"\tb", 2, -1, {"a"}},
+      {"\"a", 2, -1, {}}, {"\"a\"b", 2, -1, {"a"}}, {"x \"unclosed", 2, -1, {"x"}}, {"\"a\"\tb", 2, -1, {"a"}},
       {"\"", 2, -1, {}},
       // Quotes inside plain arguments are ordinary.
-      {"x y\"z w", 2, 3, {"x", "y\"z"}},
-      {"a\"b c", 2, 2, {"a\"b", "c"}},
-      {"ab\" c", 2, 2, {"ab\"", "c"}},
+      {"x y\"z w", 2, 3, {"x", "y\"z"}}, {"a\"b c", 2, 2, {"a\"b", "c"}}, {"ab\" c", 2, 2, {"ab\"", "c"}},
       // Only the blank separates.  A tab at the start of a piece is trimmed
       // and a piece of tabs only is none, but in the last piece of a line
       // even a leading tab stays.
-      {"a\tb", 2, 1, {"a\tb"}},
-      {"a \tb c", 3, 3, {"a", "b", "c"}},
-      {"a \t c", 3, 2, {"a", "c"}},
+      {"a\tb", 2, 1, {"a\tb"}}, {"a \tb c", 3, 3, {"a", "b", "c"}}, {"a \t c", 3, 2, {"a", "c"}},
       {"a b \tc", 3, 3, {"a", "b", "\tc"}},
       // Capacities zero and three.
-      {"", 0, 0, {}},
-      {"   ", 0, 0, {}},
-      {"a", 0, 1, {}},
-      {"\"", 0, 1, {}},
-      {"a b  ", 3, 2, {"a", "b"}},
+      {"", 0, 0, {}}, {"   ", 0, 0, {}}, {"a", 0, 1, {}}, {"\"", 0, 1, {}}, {"a b  ", 3, 2, {"a", "b"}},
       {"a b c", 3, 3, {"a", "b", "c"}},
   };
   for (const Case& c : cases) {

@@ -37,13 +37,7 @@ TEST(VnDisplayOptionsTest, DefaultsShowNumbersAndBarsWithNinePointCourier) {
 
 TEST(VnDisplayOptionsTest, OptionStateStartsWithTheChangeColoursAndNotepad) {
   CVnOptionState s;
-  struct Row {
-    const char* name;
-    const CHARFORMATW& cf;
-    DWORD mask;
-    DWORD effects;
-    COLORREF colour;
-  } rows[] = {
+  struct Row { const char* name; const CHARFORMATW& cf; DWORD mask; DWORD effects; COLORREF colour; } rows[] = {
       {"replace", s.GetReplaceCharFormat(), 0x40000000u, 0u, 0xFF0000u},
       {"delete", s.GetDeleteCharFormat(), 0x40000008u, 8u, 0x0000FFu},
       {"insert", s.GetInsertCharFormat(), 0x40000000u, 0u, 0x008000u},
@@ -132,22 +126,14 @@ TEST(VnDisplayOptionsTest, CopiesCarryEveryFieldAndTheWholeFormat) {
 }
 
 TEST(VnDisplayOptionsTest, FaceNameNeverWrittenBeyondItsArray) {
-  struct Row {
-    const char* name;
-    int fitted;
-    const char* stored;
-  } rows[] = {
-      {"", 1, ""},
-      {"Courier New", 1, "Courier New"},
+  struct Row { const char* name; int fitted; const char* stored; } rows[] = {
+      {"", 1, ""}, {"Courier New", 1, "Courier New"},
       {"0123456789012345678901234567890", 1, "0123456789012345678901234567890"},  // 31
       {"01234567890123456789012345678901", 0, "0123456789012345678901234567890"},  // 32
       {"0123456789012345678901234567890123456789", 0, "0123456789012345678901234567890"},
   };
   for (const Row& r : rows) {
-    struct Guarded {
-      CHARFORMATW cf;
-      unsigned char after[16];
-    } g;
+    struct Guarded { CHARFORMATW cf; unsigned char after[16]; } g;
     std::memset(&g, 0xA5, sizeof g);
     EXPECT_EQ(r.fitted, VnSetFaceName(g.cf, VnFromUtf8(r.name))) << r.name;
     EXPECT_EQ(r.stored, Face(g.cf)) << r.name;

@@ -14,10 +14,7 @@
 
 namespace {
 
-struct Entry {
-  UINT id;
-  const char* text;
-};
+struct Entry { UINT id; const char* text; };
 
 const Entry kTexts[] = {
     {1, "Select Directory"},
@@ -25,23 +22,12 @@ const Entry kTexts[] = {
     {5, "General|Server Error|Server Error|pf2a.wav"},
     {6, "The directory name you have entered is invalid, or contains characters not allowed by the operating system.\n\nA directory name cannot contain any of the following characters:  ! * ?  \" < > | ;"},
     {7, "Please enter a relative rather than an absolute path (e.g., \"myfolder\" or \"..\\my folder\", but not \"c:\\myfolder\" and not \"\\\\netdrive\\myfolder\")."},
-    {13, "HistoryDate&Time"},
-    {16, "HistoryView"},
-    {101, "(Read-Only)"},
-    {132, "Select only %d files, please."},
-    {147, "The search text was not  found."},
-    {159, "-------  Sample Text  -------"},
-    {169, "Reconcile"},
+    {13, "HistoryDate&Time"}, {16, "HistoryView"}, {101, "(Read-Only)"}, {132, "Select only %d files, please."},
+    {147, "The search text was not  found."}, {159, "-------  Sample Text  -------"}, {169, "Reconcile"},
     {2897, "Some or all pages in this property sheet must be visited to enter or verify information."},
-    {2909, "About Tessera"},
-    {6000, ": %I64d of %I64d"},
-    {6011, "Total progress"},
-    {7000, "Operation aborted."},
-    {10002, "Please enter a number."},
-    {32773, "Underline\nUnderline"},
-    {32799, "The text cannot be empty"},
-    {0xF040, "on %1"},
-    {0xF047, "Printer Files (*.prn)|*.prn|All Files (*.*)|*.*||"},
+    {2909, "About Tessera"}, {6000, ": %I64d of %I64d"}, {6011, "Total progress"}, {7000, "Operation aborted."},
+    {10002, "Please enter a number."}, {32773, "Underline\nUnderline"}, {32799, "The text cannot be empty"},
+    {0xF040, "on %1"}, {0xF047, "Printer Files (*.prn)|*.prn|All Files (*.*)|*.*||"},
     {0xF106, "The print job could not be started.  Check that the printer is ready, or choose another one."},
 };
 

@@ -18,13 +18,7 @@ namespace {
 // is open, as a tree filled on demand does.
 class TestTree : public CVnTreeAccess {
 public:
-  struct Node {
-    std::string name;
-    DWORD id;
-    Node* parent;
-    std::vector<Node*> children;
-    bool open;
-  };
+  struct Node { std::string name; DWORD id; Node* parent; std::vector<Node*> children; bool open; };
 
   explicit TestTree(const std::string& text, bool lazy = false) : m_bLazy(lazy) {
     std::vector<Node*> path;  // the item whose children follow a '('
@@ -135,8 +129,7 @@ TEST(VnTreeWalkTest, OrdersAndStops) {
       {kForest, nullptr, SearchBreadthFirst, "G", "A F B C G ", "G"},
       {kForest, "F", SearchDepthFirst, "F", "I H G J F ", "F"},
       // No such order, or no items: nothing is visited.
-      {kForest, nullptr, 2, "", "", "(null)"},
-      {"", nullptr, SearchBreadthFirst, "", "", "(null)"},
+      {kForest, nullptr, 2, "", "", "(null)"}, {"", nullptr, SearchBreadthFirst, "", "", "(null)"},
   };
   for (const auto& c : cases) {
     TestTree tree(c.tree);
@@ -149,10 +142,8 @@ TEST(VnTreeWalkTest, OrdersAndStops) {
 
 // A node is an item with children; the rest are leaves.
 TEST(VnTreeWalkTest, CountsOnEmptyFlatAndDeepTrees) {
-  const struct {
-    const char* tree;
-    int roots, nodes, leaves;
-  } cases[] = {{"", 0, 0, 0}, {"A", 1, 0, 1}, {"A B C", 3, 0, 3}, {kForest, 2, 5, 5}};
+  const struct { const char* tree; int roots, nodes, leaves; } cases[] = {
+      {"", 0, 0, 0}, {"A", 1, 0, 1}, {"A B C", 3, 0, 3}, {kForest, 2, 5, 5}};
   for (const auto& c : cases) {
     TestTree tree(c.tree);
     EXPECT_EQ(c.roots, VnCountRoots(tree)) << c.tree;

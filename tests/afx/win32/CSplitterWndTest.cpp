@@ -57,10 +57,8 @@ const int kHBar = ::GetSystemMetrics(SM_CYHSCROLL);
 const int kGap = CSplitterWnd::kDividerSize;
 
 TEST(CSplitterWnd, PanesAndBarsTakeTheirNumberedPlacesAndTileTheClientArea) {
-  const struct {
-    int rows, cols;
-    DWORD scroll;
-  } cases[] = {{1, 2, WS_VSCROLL | WS_HSCROLL}, {2, 1, WS_VSCROLL}, {2, 3, WS_HSCROLL}, {1, 1, 0}};
+  const struct { int rows, cols; DWORD scroll; } cases[] = {
+      {1, 2, WS_VSCROLL | WS_HSCROLL}, {2, 1, WS_VSCROLL}, {2, 3, WS_HSCROLL}, {1, 1, 0}};
   for (const auto& c : cases) {
     SCOPED_TRACE(testing::Message() << c.rows << "x" << c.cols << " style " << std::hex << c.scroll);
     Grid grid(c.rows, c.cols, c.scroll);
@@ -96,12 +94,10 @@ TEST(CSplitterWnd, PanesAndBarsTakeTheirNumberedPlacesAndTileTheClientArea) {
 TEST(CSplitterWnd, DraggingADividerMovesItWithThePointerWithinTheWindow) {
   // Column 0 starts 100 wide: its divider covers x 100..105.  The pointer
   // takes the divider at grabX and lets go at dropX.
-  const struct {
-    int grabX, dropX, width;
-  } cases[] = {
-      {102, 302, 300},   // to the right, the grab offset kept
-      {100, 40, 40},     // to the left
-      {103, -500, 0},    // beyond the left edge: the column closes
+  const struct { int grabX, dropX, width; } cases[] = {
+      {102, 302, 300},  // to the right, the grab offset kept
+      {100, 40, 40},  // to the left
+      {103, -500, 0},  // beyond the left edge: the column closes
       {101, 2000, 600 - kBar - kGap},  // beyond the right edge: the next column closes
   };
   for (const auto& c : cases) {

@@ -21,13 +21,8 @@ std::vector<int> PartEdges(CStatusBar& bar) {
 }
 
 TEST(CStatusBar, IndicatorsTakeTheirStringsAndStopAtAMissingOne) {
-  struct Case {
-    std::vector<UINT> ids;
-    BOOL result;
-    std::vector<const wchar_t*> texts;
-  } cases[] = {
-      {{kTitle, ID_SEPARATOR}, TRUE, {L"Frame test", L""}},
-      {{kTitle, 4242, kTitle}, FALSE, {L"Frame test"}},
+  struct Case { std::vector<UINT> ids; BOOL result; std::vector<const wchar_t*> texts; } cases[] = {
+      {{kTitle, ID_SEPARATOR}, TRUE, {L"Frame test", L""}}, {{kTitle, 4242, kTitle}, FALSE, {L"Frame test"}},
   };
   for (const Case& c : cases) {
     CWnd parent;

@@ -11,12 +11,7 @@ namespace {
 
 class HandlerRecorder : public CWnd {
 public:
-  struct Scroll {
-    bool horizontal;
-    UINT code, pos;
-    CScrollBar* bar;
-    HWND barWnd;
-  };
+  struct Scroll { bool horizontal; UINT code, pos; CScrollBar* bar; HWND barWnd; };
   int m_nCloses = 0;
   std::vector<Scroll> m_scrolls;
 
@@ -59,10 +54,8 @@ TEST(CWndHandlers, ScrollMessagesCarryCodePositionAndTheSendingBar) {
                                  nullptr, nullptr);
   ASSERT_NE(nullptr, loose);
   const struct { UINT message, code, pos; HWND bar; } cases[] = {
-      {WM_HSCROLL, SB_LINERIGHT, 0, owned},
-      {WM_VSCROLL, SB_THUMBTRACK, 77, loose},
-      {WM_HSCROLL, SB_THUMBPOSITION, 65535, nullptr},
-      {WM_VSCROLL, SB_PAGEDOWN, 0, nullptr},
+      {WM_HSCROLL, SB_LINERIGHT, 0, owned}, {WM_VSCROLL, SB_THUMBTRACK, 77, loose},
+      {WM_HSCROLL, SB_THUMBPOSITION, 65535, nullptr}, {WM_VSCROLL, SB_PAGEDOWN, 0, nullptr},
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(testing::Message() << c.message << " " << c.code);

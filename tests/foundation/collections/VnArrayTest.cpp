@@ -182,13 +182,8 @@ TEST(VnSortableArrayTest, ASubclassChangesTheOrderThroughBothVirtuals) {
 }
 
 TEST(VnStringArrayTest, ConcatenateAllSkipsEmptyLaterElements) {
-  struct Case {
-    std::vector<LPCWSTR> elements;
-    LPCWSTR expected;
-  } cases[] = {
-      {{_T(""), _T("a"), _T(""), _T("b")}, _T(",a,b")},
-      {{_T("a"), _T("")}, _T("a")},
-      {{_T("x")}, _T("x")},
+  struct Case { std::vector<LPCWSTR> elements; LPCWSTR expected; } cases[] = {
+      {{_T(""), _T("a"), _T(""), _T("b")}, _T(",a,b")}, {{_T("a"), _T("")}, _T("a")}, {{_T("x")}, _T("x")},
       {{}, _T("")},
   };
   for (const Case& c : cases) {

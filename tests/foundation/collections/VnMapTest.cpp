@@ -158,9 +158,7 @@ TEST(VnPtrMapTest, ACopySharesThePointersAndTakesTheFlag) {
 }
 
 TEST(HashTableSizeTest, GivesTheFirstPrimeAboveTwelveTenthsOfTheCount) {
-  struct Case {
-    UINT count, expected;
-  } cases[] = {
+  struct Case { UINT count, expected; } cases[] = {
       {0, 29},         {24, 29},           {25, 53},           {44, 53}, {45, 101},
       {1666669, 2000003}, {1666670, 5000011}, {4166675, 5000011}, {357913941, 5000011},
       // 357913942 * 12 wraps to 8 in 32 bits; 8 / 10 is 0.

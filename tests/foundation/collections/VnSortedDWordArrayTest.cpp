@@ -17,13 +17,9 @@ std::vector<DWORD> Values(const CDWordArray& a) {
 }
 
 TEST(VnSortedDWordArrayTest, SortTreatsTheTopBitAsUnsigned) {
-  struct Case {
-    std::vector<DWORD> in, out;
-  } cases[] = {
-      {{0xFFFFFFFFu, 1}, {1, 0xFFFFFFFFu}},
-      {{5, 3, 0x7FFFFFFFu, 0}, {0, 3, 5, 0x7FFFFFFFu}},
-      {{0x80000000u, 0x7FFFFFFFu, 2, 2}, {2, 2, 0x7FFFFFFFu, 0x80000000u}},
-      {{}, {}},
+  struct Case { std::vector<DWORD> in, out; } cases[] = {
+      {{0xFFFFFFFFu, 1}, {1, 0xFFFFFFFFu}}, {{5, 3, 0x7FFFFFFFu, 0}, {0, 3, 5, 0x7FFFFFFFu}},
+      {{0x80000000u, 0x7FFFFFFFu, 2, 2}, {2, 2, 0x7FFFFFFFu, 0x80000000u}}, {{}, {}},
   };
   for (const Case& c : cases) {
     CVnSortedDWordArray a;

@@ -65,16 +65,11 @@ TEST(CFlatToolBarTest, LoadsFlat) {
 
 TEST(CFlatToolBarTest, ChecksShowAsPressedAndRepaintOnlyOnChange) {
   ToolFrame frame;
-  struct Step {
-    BOOL enabled;
-    int check;
-    bool repaints;
-    bool pressed;
-  } steps[] = {
-      {TRUE, 1, true, true},     // checked: pressed, drawn again
-      {TRUE, 1, false, true},    // the same again: nothing to draw
-      {TRUE, 7, false, true},    // not a state: ignored
-      {TRUE, 0, true, false},    // unchecked
+  struct Step { BOOL enabled; int check; bool repaints; bool pressed; } steps[] = {
+      {TRUE, 1, true, true},  // checked: pressed, drawn again
+      {TRUE, 1, false, true},  // the same again: nothing to draw
+      {TRUE, 7, false, true},  // not a state: ignored
+      {TRUE, 0, true, false},  // unchecked
       {FALSE, 0, false, false},  // disabled
       {FALSE, 1, false, false},  // checked while disabled: written, not drawn
   };

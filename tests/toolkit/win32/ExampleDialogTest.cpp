@@ -4,7 +4,7 @@
 #include "afx/win32/AfxMsgMap.h"
 #include "toolkit/VnDialog.h"
 
-#include "DialogDriver.h"
+#include "ModalRun.h"
 #include "ScriptedPrompt.h"
 
 #include <gtest/gtest.h>
@@ -49,19 +49,15 @@ TEST(ExampleDialogTest, RenameDialogChecksThenTakesTheName) {
   dialog.m_strName = L"old";
   vn::test::ScriptedPrompt prompt({IDOK, IDOK});
   std::wstring shown;
-  INT_PTR result;
-  {
-    vn::test::DialogDriver driver(nullptr, [&](HWND d) {
-      shown = vn::test::GetItemText(d, IDC_NAME);
-      vn::test::SetItemText(d, IDC_NAME, L"  ");
-      vn::test::PressButton(d, IDOK);
-      vn::test::SetItemText(d, IDC_NAME, L"far too long");
-      vn::test::PressButton(d, IDOK);
-      vn::test::SetItemText(d, IDC_NAME, L"new");
-      vn::test::PressButton(d, IDOK);
-    }, L"Layout");
-    result = dialog.DoModal();
-  }
+  const INT_PTR result = vn::test::RunModal(nullptr, L"Layout", [&](HWND d) {
+    shown = vn::test::GetItemText(d, IDC_NAME);
+    vn::test::SetItemText(d, IDC_NAME, L"  ");
+    vn::test::PressButton(d, IDOK);
+    vn::test::SetItemText(d, IDC_NAME, L"far too long");
+    vn::test::PressButton(d, IDOK);
+    vn::test::SetItemText(d, IDC_NAME, L"new");
+    vn::test::PressButton(d, IDOK);
+  }, [&] { return dialog.DoModal(); });
   EXPECT_EQ(L"old", shown);
   EXPECT_EQ(IDOK, result);
   EXPECT_EQ(CString(L"new"), dialog.m_strName);

@@ -2,6 +2,7 @@
 // a drag of many one-pixel steps, its subclassing and sizing frame, and
 // CVnResizeControls' flag words, minimum and minimised windows.
 #include "afx/win32/CDialog.h"
+#include "afx/win32/CPropertySheet.h"
 #include "toolkit/CResizeCtrl.h"
 #include "toolkit/VnDialog.h"
 
@@ -10,6 +11,8 @@
 #include <gtest/gtest.h>
 
 #include <map>
+#include <tuple>
+#include <utility>
 
 namespace {
 
@@ -22,10 +25,16 @@ RECT ChildRect(HWND dialog, UINT id) {
   return rect;
 }
 
-SIZE ClientSize(HWND hWnd) {
+std::pair<LONG, LONG> ClientSize(HWND hWnd) {
   RECT rect;
   ::GetClientRect(hWnd, &rect);
   return {rect.right, rect.bottom};
+}
+
+std::pair<LONG, LONG> OuterSize(HWND hWnd) {
+  RECT rect;
+  ::GetWindowRect(hWnd, &rect);
+  return {rect.right - rect.left, rect.bottom - rect.top};
 }
 
 // Grows or shrinks the window's outer size; the client follows by as much.
@@ -36,10 +45,7 @@ void SizeBy(HWND hWnd, int dx, int dy) {
                  SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
-struct Share {
-  UINT id;
-  int x, y, cx, cy;
-};
+struct Share { UINT id; int x, y, cx, cy; };
 
 const Share kShares[] = {
     {kEdit, 0, 0, 100, 0},   {kList, 0, 0, 100, 100}, {kCheck, 0, 100, 0, 0},
@@ -62,15 +68,15 @@ TEST(CResizeCtrlTest, ChildrenFollowTheirSharesWithNoPixelLost) {
   std::map<UINT, RECT> start;
   for (const Share& s : kShares)
     start[s.id] = ChildRect(dialog.m_hWnd, s.id);
-  SIZE origin = ClientSize(dialog.m_hWnd);
+  const auto origin = ClientSize(dialog.m_hWnd);
   // Out by 41 x 29 one pixel at a time, and back again by other steps.
   const int steps[][2] = {{1, 1}, {-1, -1}, {2, -1}, {-2, 1}};
   const int counts[] = {41, 41, 29, 29};
   for (int phase = 0; phase < 4; ++phase)
     for (int i = 0; i < counts[phase]; ++i) {
       SizeBy(dialog.m_hWnd, steps[phase][0], steps[phase][1]);
-      SIZE now = ClientSize(dialog.m_hWnd);
-      int dx = now.cx - origin.cx, dy = now.cy - origin.cy;
+      const auto now = ClientSize(dialog.m_hWnd);
+      int dx = now.first - origin.first, dy = now.second - origin.second;
       for (const Share& s : kShares) {
         RECT r = ChildRect(dialog.m_hWnd, s.id), r0 = start[s.id];
         ExpectWithinCarry(r.left, r0.left, dx, s.x, "left", s.id);
@@ -80,8 +86,7 @@ TEST(CResizeCtrlTest, ChildrenFollowTheirSharesWithNoPixelLost) {
       }
     }
   // Back at the first size, every child stands exactly where it began.
-  ASSERT_EQ(origin.cx, ClientSize(dialog.m_hWnd).cx);
-  ASSERT_EQ(origin.cy, ClientSize(dialog.m_hWnd).cy);
+  ASSERT_EQ(origin, ClientSize(dialog.m_hWnd));
   for (const Share& s : kShares) {
     RECT now = ChildRect(dialog.m_hWnd, s.id);
     EXPECT_TRUE(::EqualRect(&start[s.id], &now)) << s.id;
@@ -92,10 +97,7 @@ TEST(CResizeCtrlTest, AddRefusesSharesOutsideTheScale) {
   CDialog dialog;
   ASSERT_TRUE(dialog.Create(kFixed));
   CResizeCtrl resizer(dialog.m_hWnd, FALSE);
-  const struct {
-    int id, x, y, cx, cy;
-    BOOL added;
-  } cases[] = {
+  const struct { int id, x, y, cx, cy; BOOL added; } cases[] = {
       {kEdit, 60, 0, 40, 0, TRUE},  {kEdit, 60, 0, 41, 0, FALSE}, {kEdit, 0, 60, 0, 41, FALSE},
       {kEdit, -1, 0, 0, 0, FALSE},  {kEdit, 0, 0, 0, 101, FALSE}, {9999, 0, 0, 0, 0, FALSE},
   };
@@ -113,7 +115,7 @@ TEST(CResizeCtrlTest, EnablingSubclassesAndAddsAFrame) {
   ASSERT_TRUE(dialog.Create(kFixed));
   POINT before = {0, 0};
   ::ClientToScreen(dialog.m_hWnd, &before);
-  SIZE client = ClientSize(dialog.m_hWnd);
+  const auto client = ClientSize(dialog.m_hWnd);
   CResizeCtrl resizer;
   EXPECT_EQ(nullptr, CResizeCtrl::GetResizeCtrl(dialog.m_hWnd));
   ASSERT_TRUE(resizer.Create(dialog.m_hWnd, FALSE));
@@ -123,9 +125,8 @@ TEST(CResizeCtrlTest, EnablingSubclassesAndAddsAFrame) {
   POINT after = {0, 0};
   ::ClientToScreen(dialog.m_hWnd, &after);
   EXPECT_TRUE(::GetWindowLongW(dialog.m_hWnd, GWL_STYLE) & WS_THICKFRAME);
-  EXPECT_EQ(before.x, after.x);
-  EXPECT_EQ(before.y, after.y);
-  EXPECT_EQ(client.cx, ClientSize(dialog.m_hWnd).cx);
+  EXPECT_EQ(std::make_pair(before.x, before.y), std::make_pair(after.x, after.y));
+  EXPECT_EQ(client.first, ClientSize(dialog.m_hWnd).first);
   EXPECT_EQ(&resizer, CResizeCtrl::GetResizeCtrl(dialog.m_hWnd));
   EXPECT_EQ(&resizer, ::GetPropW(dialog.m_hWnd, L"___CResizeCtrl___Class___"));
   EXPECT_FALSE(resizer.SetGripEnabled(TRUE));
@@ -141,14 +142,9 @@ TEST(CResizeCtrlTest, TrackingSizesBoundTheWindow) {
   resizer.SetMinimumTrackingSize(CSize(250, 200));
   resizer.SetMaximumTrackingSize(CSize(400, 300));
   ::SetWindowPos(dialog.m_hWnd, nullptr, 0, 0, 100, 100, SWP_NOMOVE | SWP_NOZORDER);
-  RECT rect;
-  ::GetWindowRect(dialog.m_hWnd, &rect);
-  EXPECT_EQ(250, rect.right - rect.left);
-  EXPECT_EQ(200, rect.bottom - rect.top);
+  EXPECT_EQ(std::make_pair(250L, 200L), OuterSize(dialog.m_hWnd));
   ::SetWindowPos(dialog.m_hWnd, nullptr, 0, 0, 900, 900, SWP_NOMOVE | SWP_NOZORDER);
-  ::GetWindowRect(dialog.m_hWnd, &rect);
-  EXPECT_EQ(400, rect.right - rect.left);
-  EXPECT_EQ(300, rect.bottom - rect.top);
+  EXPECT_EQ(std::make_pair(400L, 300L), OuterSize(dialog.m_hWnd));
 }
 
 //===-- CVnResizeControls --------------------------------------------------===//
@@ -219,8 +215,8 @@ TEST(CVnResizeControlsTest, MinimisedSizeIsIgnored) {
   dialog.ShowWindow(SW_SHOW);
   RECT before = ChildRect(dialog.m_hWnd, IDOK);
   dialog.SendMessage(WM_SIZE, SIZE_MINIMIZED, MAKELPARAM(0, 0));
-  SIZE client = ClientSize(dialog.m_hWnd);
-  dialog.SendMessage(WM_SIZE, SIZE_RESTORED, MAKELPARAM(client.cx, client.cy));
+  const auto client = ClientSize(dialog.m_hWnd);
+  dialog.SendMessage(WM_SIZE, SIZE_RESTORED, MAKELPARAM(client.first, client.second));
   RECT after = ChildRect(dialog.m_hWnd, IDOK);
   EXPECT_TRUE(::EqualRect(&before, &after));
 }
@@ -228,33 +224,18 @@ TEST(CVnResizeControlsTest, MinimisedSizeIsIgnored) {
 // The first outer size is the minimum; an axis that may not change is
 // held there.
 TEST(CVnResizeControlsTest, MinimumAndFixedAxes) {
-  const struct {
-    BOOL h, v;
-  } cases[] = {{TRUE, TRUE}, {TRUE, FALSE}, {FALSE, TRUE}};
+  const struct { BOOL h, v; } cases[] = {{TRUE, TRUE}, {TRUE, FALSE}, {FALSE, TRUE}};
   for (const auto& c : cases) {
     LayoutDialog dialog(c.h, c.v);
     ASSERT_TRUE(dialog.Create(kLayout));
-    RECT first;
-    ::GetWindowRect(dialog.m_hWnd, &first);
-    int width = first.right - first.left, height = first.bottom - first.top;
+    const auto first = OuterSize(dialog.m_hWnd);
     SizeBy(dialog.m_hWnd, -40, -40);
-    RECT smaller;
-    ::GetWindowRect(dialog.m_hWnd, &smaller);
-    EXPECT_EQ(width, smaller.right - smaller.left);
-    EXPECT_EQ(height, smaller.bottom - smaller.top);
+    EXPECT_EQ(first, OuterSize(dialog.m_hWnd));
     SizeBy(dialog.m_hWnd, 60, 60);
-    RECT larger;
-    ::GetWindowRect(dialog.m_hWnd, &larger);
-    EXPECT_EQ(c.h ? width + 60 : width, larger.right - larger.left) << c.h << c.v;
-    EXPECT_EQ(c.v ? height + 60 : height, larger.bottom - larger.top) << c.h << c.v;
+    EXPECT_EQ(std::make_pair(first.first + (c.h ? 60 : 0), first.second + (c.v ? 60 : 0)), OuterSize(dialog.m_hWnd))
+        << c.h << c.v;
   }
 }
-
-}  // namespace
-
-#include "afx/win32/CPropertySheet.h"
-
-namespace {
 
 // A plain sheet of three pages, made modeless with the second page in
 // front; the resizer prepares it, takes its buttons and pages, and then
@@ -289,20 +270,11 @@ TEST(CResizeCtrlTest, SheetHelpersPrepareAndStretchASheet) {
   SizeBy(sheet.m_hWnd, 50, 30);
   RECT tab1 = ChildRect(sheet.m_hWnd, static_cast<UINT>(::GetDlgCtrlID(tab)));
   RECT ok1 = ChildRect(sheet.m_hWnd, IDOK);
-  RECT page1;
-  ::GetWindowRect(pages[1].m_hWnd, &page1);
-  ::MapWindowPoints(nullptr, sheet.m_hWnd, reinterpret_cast<POINT*>(&page1), 2);
-  EXPECT_EQ(tab0.right + 50, tab1.right);
-  EXPECT_EQ(tab0.bottom + 30, tab1.bottom);
-  EXPECT_EQ(ok0.left + 50, ok1.left);
-  EXPECT_EQ(ok0.top + 30, ok1.top);
-  EXPECT_EQ(page0.right - page0.left + 50, page1.right - page1.left);
+  EXPECT_EQ(std::make_pair(tab0.right + 50, tab0.bottom + 30), std::make_pair(tab1.right, tab1.bottom));
+  EXPECT_EQ(std::make_pair(ok0.left + 50, ok0.top + 30), std::make_pair(ok1.left, ok1.top));
+  EXPECT_EQ(OuterSize(pages[1].m_hWnd).first, page0.right - page0.left + 50);
   ::DestroyWindow(sheet.m_hWnd);
 }
-
-}  // namespace
-
-namespace {
 
 // The grip answers the hit test as the bottom right corner, so the
 // system sizes the window from there; elsewhere the window answers.
@@ -320,10 +292,6 @@ TEST(CResizeCtrlTest, GripHitTestsAsTheCorner) {
   EXPECT_EQ(HTBOTTOMRIGHT, dialog.SendMessage(WM_NCHITTEST, 0, MAKELPARAM(corner.x, corner.y)));
   EXPECT_EQ(HTCLIENT, dialog.SendMessage(WM_NCHITTEST, 0, MAKELPARAM(middle.x, middle.y)));
 }
-
-}  // namespace
-
-namespace {
 
 // A wizard's active page is put back inside the margins measured before
 // the wizard changed size.
@@ -346,10 +314,11 @@ TEST(CResizeCtrlTest, WizardPageKeepsItsMargins) {
   RECT sheet1, page1;
   ::GetWindowRect(wizard.m_hWnd, &sheet1);
   ::GetWindowRect(pages[0].m_hWnd, &page1);
-  EXPECT_EQ(page0.left - sheet0.left, page1.left - sheet1.left);
-  EXPECT_EQ(page0.top - sheet0.top, page1.top - sheet1.top);
-  EXPECT_EQ(sheet0.right - page0.right, sheet1.right - page1.right);
-  EXPECT_EQ(sheet0.bottom - page0.bottom, sheet1.bottom - page1.bottom);
+  const auto margins = [](const RECT& sheet, const RECT& page) {
+    return std::make_tuple(page.left - sheet.left, page.top - sheet.top, sheet.right - page.right,
+                           sheet.bottom - page.bottom);
+  };
+  EXPECT_EQ(margins(sheet0, page0), margins(sheet1, page1));
   EXPECT_EQ(page0.right - page0.left + 40, page1.right - page1.left);
   ::DestroyWindow(wizard.m_hWnd);
 }

@@ -10,7 +10,7 @@
 #include "foundation/VnException.h"
 #include "toolkit/VnDialog.h"
 
-#include "DialogDriver.h"
+#include "ModalRun.h"
 #include "ScriptedPrompt.h"
 
 #include <gtest/gtest.h>
@@ -18,22 +18,11 @@
 #include <functional>
 #include <string>
 
-using vn::test::DialogDriver;
-using vn::test::GetItemText;
-using vn::test::PressButton;
-using vn::test::ScriptedPrompt;
-using vn::test::SetItemText;
+using namespace vn::test;
 
 namespace {
 
 enum : UINT { kLayout = 700, kEdit = 1001, kSmall = 1004 };
-
-// The control that has the focus in the dialog's thread.
-HWND FocusOf(HWND dialog) {
-  GUITHREADINFO info = {sizeof(info)};
-  ::GetGUIThreadInfo(::GetWindowThreadProcessId(dialog, nullptr), &info);
-  return info.hwndFocus;
-}
 
 // The layout dialog whose OK runs a check given by the test.
 class CheckedDialog : public CVnDialog {
@@ -71,8 +60,7 @@ TEST(CVnDialogTest, ReadOnlyShowsOnlyAndAlwaysCancels) {
     bool okShown;
     const wchar_t* cancelText;
   } cases[] = {
-      {false, IDOK, IDOK, L"Layout", true, L"Cancel"},
-      {true, IDOK, IDCANCEL, L"Layout (Read-Only)", false, L"Close"},
+      {false, IDOK, IDOK, L"Layout", true, L"Cancel"}, {true, IDOK, IDCANCEL, L"Layout (Read-Only)", false, L"Close"},
       {true, IDCANCEL, IDCANCEL, L"Layout (Read-Only)", false, L"Close"},
   };
   for (const auto& c : cases) {
@@ -83,19 +71,13 @@ TEST(CVnDialogTest, ReadOnlyShowsOnlyAndAlwaysCancels) {
       dialog.SetReadOnly();
     std::wstring title, cancelText;
     bool okShown = false, okEnabled = false;
-    INT_PTR result;
-    {
-      DialogDriver driver(nullptr, [&](HWND d) {
-        wchar_t text[128] = {};
-        ::GetWindowTextW(d, text, 128);
-        title = text;
-        okShown = ::IsWindowVisible(::GetDlgItem(d, IDOK));
-        okEnabled = ::IsWindowEnabled(::GetDlgItem(d, IDOK));
-        cancelText = GetItemText(d, IDCANCEL);
-        ::SendMessageW(d, WM_COMMAND, c.endWith, 0);
-      }, L"Layout");
-      result = dialog.DoModal();
-    }
+    const INT_PTR result = RunModal(nullptr, L"Layout", [&](HWND d) {
+      title = WindowText(d);
+      okShown = ::IsWindowVisible(::GetDlgItem(d, IDOK));
+      okEnabled = ::IsWindowEnabled(::GetDlgItem(d, IDOK));
+      cancelText = GetItemText(d, IDCANCEL);
+      ::SendMessageW(d, WM_COMMAND, c.endWith, 0);
+    }, [&] { return dialog.DoModal(); });
     EXPECT_EQ(c.result, result) << c.readOnly;
     EXPECT_EQ(c.title, title);
     EXPECT_EQ(c.okShown, okShown);
@@ -107,36 +89,26 @@ TEST(CVnDialogTest, ReadOnlyShowsOnlyAndAlwaysCancels) {
 // Each OK with bad data shows one message and leaves the dialog open with
 // the focus on the control; good data closes it with the values taken.
 TEST(CVnDialogTest, ExchangeChecksReportAndFocusTheControl) {
-  const struct {
-    const wchar_t* text;
-    const wchar_t* count;
-    const char* message;
-    UINT focused;
-  } attempts[] = {
+  const struct { const wchar_t* text; const wchar_t* count; const char* message; UINT focused; } attempts[] = {
       {L"   ", L"3", "The text cannot be empty", kEdit},
       {L"name", L"42", "Enter a positive integer between 1 and 10.", kSmall},
-      {L"name", L"-1", "Enter a positive integer.", kSmall},
-      {L"name", L"x7", "Enter a positive integer.", kSmall},
+      {L"name", L"-1", "Enter a positive integer.", kSmall}, {L"name", L"x7", "Enter a positive integer.", kSmall},
       {L"name", L"4294967296", "Enter a positive integer.", kSmall},
   };
   CheckedDialog dialog;
   ScriptedPrompt prompt({IDOK, IDOK, IDOK, IDOK, IDOK});
   std::vector<UINT> focused;
-  INT_PTR result;
-  {
-    DialogDriver driver(nullptr, [&](HWND d) {
-      for (const auto& a : attempts) {
-        SetItemText(d, kEdit, a.text);
-        SetItemText(d, kSmall, a.count);
-        PressButton(d, IDOK);
-        focused.push_back(static_cast<UINT>(::GetDlgCtrlID(FocusOf(d))));
-      }
-      SetItemText(d, kEdit, L"  name ");
-      SetItemText(d, kSmall, L"7");
+  const INT_PTR result = RunModal(nullptr, L"Layout", [&](HWND d) {
+    for (const auto& a : attempts) {
+      SetItemText(d, kEdit, a.text);
+      SetItemText(d, kSmall, a.count);
       PressButton(d, IDOK);
-    }, L"Layout");
-    result = dialog.DoModal();
-  }
+      focused.push_back(static_cast<UINT>(::GetDlgCtrlID(FocusOf(d))));
+    }
+    SetItemText(d, kEdit, L"  name ");
+    SetItemText(d, kSmall, L"7");
+    PressButton(d, IDOK);
+  }, [&] { return dialog.DoModal(); });
   EXPECT_EQ(IDOK, result);
   EXPECT_EQ(CString(L"name "), dialog.m_text);
   EXPECT_EQ(7u, dialog.m_count);
@@ -158,9 +130,7 @@ TEST(CVnDialogTest, ValidatePathWritesTheFullFormBack) {
     BOOL appendSlash;
     std::wstring written;  // empty: refused
   } cases[] = {
-      {L"  " + dir + L"  ", TRUE, dir + L"\\"},
-      {dir + L"\\sub", FALSE, dir + L"\\sub"},
-      {L"", TRUE, L""},
+      {L"  " + dir + L"  ", TRUE, dir + L"\\"}, {dir + L"\\sub", FALSE, dir + L"\\sub"}, {L"", TRUE, L""},
   };
   for (const auto& c : cases) {
     CheckedDialog dialog;
@@ -172,15 +142,12 @@ TEST(CVnDialogTest, ValidatePathWritesTheFullFormBack) {
     };
     ScriptedPrompt prompt({IDOK});
     std::wstring written;
-    {
-      DialogDriver driver(nullptr, [&](HWND d) {
-        SetItemText(d, kEdit, c.text.c_str());
-        PressButton(d, IDOK);
-        written = GetItemText(d, kEdit);
-        PressButton(d, IDCANCEL);
-      }, L"Layout");
-      dialog.DoModal();
-    }
+    RunModal(nullptr, L"Layout", [&](HWND d) {
+      SetItemText(d, kEdit, c.text.c_str());
+      PressButton(d, IDOK);
+      written = GetItemText(d, kEdit);
+      PressButton(d, IDCANCEL);
+    }, [&] { return dialog.DoModal(); });
     EXPECT_EQ(!c.written.empty(), dialog.m_bResult != FALSE) << VnToUtf8(c.text.c_str());
     if (c.written.empty()) {
       ASSERT_EQ(1u, prompt.Asked().size());
@@ -203,10 +170,8 @@ TEST(CVnDialogTest, ValidatorsReportAndFocusInOneStep) {
     BOOL mustExist;
     const char* message;  // null: accepted
   } cases[] = {
-      {L"   ", TRUE, "The specified path is blank."},
-      {missing, TRUE, "The specified file does not exist."},
-      {L"  " + existing + L" ", TRUE, nullptr},
-      {missing, FALSE, nullptr},
+      {L"   ", TRUE, "The specified path is blank."}, {missing, TRUE, "The specified file does not exist."},
+      {L"  " + existing + L" ", TRUE, nullptr}, {missing, FALSE, nullptr},
       {L"C:\\a<b>\\c.txt", FALSE, "The specified path is incorrect."},
   };
   for (const auto& c : cases) {
@@ -223,19 +188,16 @@ TEST(CVnDialogTest, ValidatorsReportAndFocusInOneStep) {
     ScriptedPrompt prompt({IDOK});
     HWND focus = nullptr, edit = nullptr;
     std::wstring written;
-    {
-      DialogDriver driver(nullptr, [&](HWND d) {
-        PressButton(d, kSmall);  // a control other than the one checked has the focus
-        ::SendMessageW(d, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(::GetDlgItem(d, IDCANCEL)), TRUE);
-        SetItemText(d, kEdit, c.text.c_str());
-        PressButton(d, IDOK);
-        focus = FocusOf(d);
-        edit = ::GetDlgItem(d, kEdit);
-        written = GetItemText(d, kEdit);
-        PressButton(d, IDCANCEL);
-      }, L"Layout");
-      dialog.DoModal();
-    }
+    RunModal(nullptr, L"Layout", [&](HWND d) {
+      PressButton(d, kSmall);  // a control other than the one checked has the focus
+      ::SendMessageW(d, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(::GetDlgItem(d, IDCANCEL)), TRUE);
+      SetItemText(d, kEdit, c.text.c_str());
+      PressButton(d, IDOK);
+      focus = FocusOf(d);
+      edit = ::GetDlgItem(d, kEdit);
+      written = GetItemText(d, kEdit);
+      PressButton(d, IDCANCEL);
+    }, [&] { return dialog.DoModal(); });
     EXPECT_EQ(c.message == nullptr, dialog.m_bResult != FALSE) << VnToUtf8(c.text.c_str());
     if (c.message) {
       ASSERT_EQ(1u, prompt.Asked().size());
@@ -249,10 +211,6 @@ TEST(CVnDialogTest, ValidatorsReportAndFocusInOneStep) {
   ::DeleteFileW(existing.c_str());
 }
 
-}  // namespace
-
-namespace {
-
 // A local dialog names the module of its template; the host's module is
 // not searched when the named one lacks it.
 class ModuleDialog : public CVnLocalDialog {
@@ -264,46 +222,38 @@ protected:
   HINSTANCE m_module;
 };
 
+// 1 when f raised CVnOSException, 0 when it raised nothing, -1 for another kind.
+template <class F>
+int OsFailure(F f) {
+  try {
+    f();
+  } catch (CException* e) {
+    const int kind = e->IsKindOf(RUNTIME_CLASS(CVnOSException)) ? 1 : -1;
+    e->Delete();
+    return kind;
+  }
+  return 0;
+}
+
 TEST(CVnLocalDialogTest, TemplateComesOnlyFromTheNamedModule) {
-  const struct {
-    HINSTANCE module;
-    UINT id;
-    bool found;
-  } cases[] = {
+  const struct { HINSTANCE module; UINT id; bool found; } cases[] = {
       {::GetModuleHandleW(nullptr), 700, true},
       {::GetModuleHandleW(nullptr), 0x10000 + 700, true},  // only the low 16 bits name it
       {::GetModuleHandleW(L"vnreconcile.dll"), 700, false},
   };
   for (const auto& c : cases) {
-    ModuleDialog modeless(c.module, c.id);
-    bool threw = false;
-    try {
+    ModuleDialog modeless(c.module, c.id), modal(c.module, c.id);
+    EXPECT_EQ(c.found ? 0 : 1, OsFailure([&] {
       ASSERT_TRUE(modeless.Create(c.id, nullptr));
-      CString title;
-      modeless.GetWindowText(title);
-      EXPECT_EQ(CString(L"Layout"), title);
-    } catch (CVnOSException* e) {
-      threw = true;
-      e->Delete();
-    }
-    EXPECT_EQ(!c.found, threw) << c.id;
-    ModuleDialog modal(c.module, c.id);
-    threw = false;
-    try {
+      EXPECT_EQ(L"Layout", WindowText(modeless.m_hWnd));
+    })) << c.id;
+    EXPECT_EQ(c.found ? 0 : 1, OsFailure([&] {
       DialogDriver driver(nullptr, [](HWND d) { PressButton(d, IDCANCEL); }, L"Layout", c.found ? 5000 : 10);
       EXPECT_EQ(IDCANCEL, modal.DoModal());
       EXPECT_TRUE(driver.Acted());
-    } catch (CVnOSException* e) {
-      threw = true;
-      e->Delete();
-    }
-    EXPECT_EQ(!c.found, threw) << c.id;
+    })) << c.id;
   }
 }
-
-}  // namespace
-
-namespace {
 
 enum : UINT { kChecked = 3001, kHandled = 3002, kUnhandled = 3003, kSubFirst = 3004, kSystemRange = 0xF100 };
 
@@ -338,10 +288,7 @@ TEST(CVnDialogTest, MenuPopupsGetCommandUpdates) {
   ::AppendMenuW(bar, MF_POPUP, reinterpret_cast<UINT_PTR>(popup), L"File");
   ::SetMenu(dialog.m_hWnd, bar);
   dialog.SendMessage(WM_INITMENUPOPUP, reinterpret_cast<WPARAM>(popup), MAKELPARAM(0, FALSE));
-  const struct {
-    UINT id;
-    bool enabled, checked;
-  } expected[] = {
+  const struct { UINT id; bool enabled, checked; } expected[] = {
       {kChecked, true, true},  {kHandled, true, false}, {kUnhandled, false, false},
       {kSystemRange, true, false},  // the system's range is never disabled for want of a handler
   };
@@ -357,10 +304,6 @@ TEST(CVnDialogTest, MenuPopupsGetCommandUpdates) {
   dialog.SendMessage(WM_INITMENUPOPUP, reinterpret_cast<WPARAM>(popup), MAKELPARAM(0, TRUE));
   EXPECT_TRUE(::GetMenuState(popup, kHandled, MF_BYCOMMAND) & MF_GRAYED);
 }
-
-}  // namespace
-
-namespace {
 
 enum : UINT { kIndicator = 3005 };
 
@@ -392,28 +335,21 @@ END_MESSAGE_MAP()
 TEST(CVnDialogTest, IdleTimeUpdatesTheStatusBar) {
   StatusDialog dialog;
   std::wstring before, after;
-  {
-    DialogDriver driver(nullptr, [&](HWND d) {
-      HWND bar = ::GetDlgItem(d, AFX_IDW_STATUS_BAR);
-      wchar_t text[64] = {};
-      for (int tries = 0; tries < 200; ++tries, ::Sleep(10)) {
-        ::SendMessageW(bar, SB_GETTEXTW, 0, reinterpret_cast<LPARAM>(text));
-        if (before.empty())
-          before = text;
-        if (std::wstring(text) == L"Updated")
-          break;
-      }
-      after = text;
-      PressButton(d, IDCANCEL);
-    }, L"Layout");
-    dialog.DoModal();
-  }
+  RunModal(nullptr, L"Layout", [&](HWND d) {
+    HWND bar = ::GetDlgItem(d, AFX_IDW_STATUS_BAR);
+    wchar_t text[64] = {};
+    for (int tries = 0; tries < 200; ++tries, ::Sleep(10)) {
+      ::SendMessageW(bar, SB_GETTEXTW, 0, reinterpret_cast<LPARAM>(text));
+      if (before.empty())
+        before = text;
+      if (std::wstring(text) == L"Updated")
+        break;
+    }
+    after = text;
+    PressButton(d, IDCANCEL);
+  }, [&] { return dialog.DoModal(); });
   EXPECT_EQ(L"Updated", after) << VnToUtf8(before.c_str());
 }
-
-}  // namespace
-
-namespace {
 
 // What the host's module lacks is looked up in the component's, which
 // joined the chain when it loaded; what the host has is taken from it.
@@ -421,13 +357,8 @@ TEST(AfxResourceChainTest, ComponentStandsBehindTheHost) {
   HINSTANCE host = ::GetModuleHandleW(nullptr), component = ::GetModuleHandleW(L"vnreconcile.dll");
   ASSERT_TRUE(component);
   // String tables are stored in blocks of 16, named by number / 16 + 1.
-  const struct {
-    LPCWSTR name;
-    LPCWSTR type;
-    HINSTANCE found;
-  } cases[] = {
-      {MAKEINTRESOURCEW(700), RT_DIALOG, host},
-      {MAKEINTRESOURCEW(3005 / 16 + 1), RT_STRING, host},
+  const struct { LPCWSTR name; LPCWSTR type; HINSTANCE found; } cases[] = {
+      {MAKEINTRESOURCEW(700), RT_DIALOG, host}, {MAKEINTRESOURCEW(3005 / 16 + 1), RT_STRING, host},
       {MAKEINTRESOURCEW(2899 / 16 + 1), RT_STRING, component},
       {MAKEINTRESOURCEW(4242), RT_DIALOG, host},  // nowhere: the resource handle
   };

@@ -8,7 +8,7 @@
 #include "foundation/VnRegistry.h"
 #include "resources/VnVersion.h"
 
-#include "DialogDriver.h"
+#include "ModalRun.h"
 
 #include <commctrl.h>
 #include <gtest/gtest.h>
@@ -17,6 +17,8 @@
 #include <fstream>
 #include <functional>
 #include <string>
+
+using namespace vn::test;
 
 namespace {
 
@@ -32,15 +34,6 @@ HWND Page(HWND box, int item) {
   return nullptr;
 }
 
-RECT RectIn(HWND window, HWND box) {
-  RECT rect = {};
-  if (window) {
-    ::GetWindowRect(window, &rect);
-    ::MapWindowPoints(nullptr, box, reinterpret_cast<POINT*>(&rect), 2);
-  }
-  return rect;
-}
-
 // What a user sees of the box.
 struct Seen {
   std::wstring caption, pages, build, rows;
@@ -53,10 +46,9 @@ struct Seen {
 // extra and closes it with Close.
 Seen OpenAndRead(CVnAboutDlgParams& params, const std::function<void(HWND)>& extra = nullptr) {
   Seen seen;
-  vn::test::DialogDriver driver(nullptr, [&](HWND box) {
+  DialogDriver driver(nullptr, [&](HWND box) {
     wchar_t text[128] = {};
-    ::GetWindowTextW(box, text, 128);
-    seen.caption = text;
+    seen.caption = WindowText(box);
     HWND tree = ::GetDlgItem(box, kTree), about = Page(box, kPicture), info = Page(box, kList);
     for (HTREEITEM item = TreeView_GetRoot(tree); item; item = TreeView_GetNextSibling(tree, item)) {
       TVITEMW record = {};
@@ -67,14 +59,14 @@ Seen OpenAndRead(CVnAboutDlgParams& params, const std::function<void(HWND)>& ext
       TreeView_GetItem(tree, &record);
       seen.pages += std::wstring(text) + L" ";
     }
-    seen.frame = RectIn(::GetDlgItem(box, kFrame), box);
-    seen.aboutPage = RectIn(about, box);
-    seen.infoPage = RectIn(info, box);
+    seen.frame = RectIn(box, ::GetDlgItem(box, kFrame));
+    seen.aboutPage = RectIn(box, about);
+    seen.infoPage = RectIn(box, info);
     seen.aboutFirst = about && ::IsWindowVisible(about) && !(info && ::IsWindowVisible(info));
     ::SendMessageW(tree, WM_KEYDOWN, VK_DOWN, 0);
     seen.infoAfterDown = info && ::IsWindowVisible(info) && !(about && ::IsWindowVisible(about));
     if (info) {
-      seen.build = vn::test::GetItemText(info, kBuild);
+      seen.build = GetItemText(info, kBuild);
       HWND list = ::GetDlgItem(info, kList);
       for (int i = 0; i < ListView_GetItemCount(list); ++i)
         for (int column : {0, 1}) {
@@ -90,7 +82,7 @@ Seen OpenAndRead(CVnAboutDlgParams& params, const std::function<void(HWND)>& ext
     }
     if (extra)
       extra(box);
-    vn::test::PressButton(box, kClose);
+    PressButton(box, kClose);
   });
   EXPECT_FALSE(CVnDlgAbout::Execute(params));  // Close cancels
   EXPECT_TRUE(driver.Acted());
@@ -135,11 +127,7 @@ TEST(CVnDlgAboutTest, AHostOverridesPagesRowsAndButtons) {
   CString details;
   GetAppPath(details);
   details += L"about-details.html";
-  const struct {
-    DWORD features;
-    bool file;
-    bool details;
-  } cases[] = {
+  const struct { DWORD features; bool file; bool details; } cases[] = {
       {CVnAboutDlgParams::FeatureInfoPage | CVnAboutDlgParams::FeatureDetails, true, true},
       {CVnAboutDlgParams::FeatureInfoPage | CVnAboutDlgParams::FeatureDetails, false, false},
       {CVnAboutDlgParams::FeatureInfoPage, true, true},  // Details shares the Info page's bit
@@ -154,7 +142,7 @@ TEST(CVnDlgAboutTest, AHostOverridesPagesRowsAndButtons) {
     params.m_strProductBuild = L"7.1.2";
     Seen seen = OpenAndRead(params, [](HWND box) {
       if (::IsWindowVisible(::GetDlgItem(Page(box, kList), kDetails)))
-        vn::test::PressButton(Page(box, kList), kDetails);
+        PressButton(Page(box, kList), kDetails);
     });
     ::DeleteFileW(details);
     EXPECT_EQ(L"About the host", seen.caption);
@@ -212,11 +200,8 @@ TEST(CVnDlgAboutTest, UserAndCompanyFromTheRegistry) {
   ASSERT_TRUE(writer.PutString(L"RegisteredOwner", L"Ada") &&
               writer.PutString(L"RegisteredOrganization", L"Engines Ltd"));
   writer.CloseSection();
-  const struct {
-    const wchar_t *key, *section, *rows;
-  } cases[] = {
-      {kKey, L"About", L"User=Ada Company=Engines Ltd ="},
-      {kKey, L"Elsewhere", L"User=Unknown Company=Unknown ="},
+  const struct { const wchar_t *key, *section, *rows; } cases[] = {
+      {kKey, L"About", L"User=Ada Company=Engines Ltd ="}, {kKey, L"Elsewhere", L"User=Unknown Company=Unknown ="},
       {L"Software\\VnReconcileTest\\Missing", L"About", L"User=Unknown Company=Unknown ="},
   };
   for (const auto& c : cases) {

@@ -4,7 +4,7 @@
 #include "toolkit/VnDialog.h"
 #include "toolkit/VnFilePickers.h"
 
-#include "DialogDriver.h"
+#include "ModalRun.h"
 #include "ScriptedPrompt.h"
 
 #include <gtest/gtest.h>
@@ -12,11 +12,7 @@
 #include <string>
 #include <vector>
 
-using vn::test::DialogDriver;
-using vn::test::GetItemText;
-using vn::test::PressButton;
-using vn::test::ScriptedPrompt;
-using vn::test::SetItemText;
+using namespace vn::test;
 
 namespace {
 
@@ -67,25 +63,17 @@ TEST(CVnFileBrowserTest, BrowseFillsTheEditOnOkOnly) {
   CVnFileBrowser browser;
   browser.Attach(dialog, kEdit, TRUE);
   EXPECT_EQ(0, ::lstrcmpiW(folder.Path(L"").c_str(), GetItemText(dialog.m_hWnd, kEdit).c_str()));
-  const struct {
-    const wchar_t* choice;
-    std::wstring edit;
-  } cases[] = {
-      {L"b.txt", folder.Path(L"b.txt")},
-      {nullptr, folder.Path(L"b.txt")},
+  const struct { const wchar_t* choice; std::wstring edit; } cases[] = {
+      {L"b.txt", folder.Path(L"b.txt")}, {nullptr, folder.Path(L"b.txt")},
       {L"new.txt", folder.Path(L"new.txt")},  // need not exist
   };
   for (const auto& c : cases) {
     std::wstring okText;
-    {
-      DialogDriver driver(dialog.m_hWnd, [&](HWND d) {
-        okText = GetItemText(d, IDOK);
-        Choose(d, c.choice);
-      }, L"Select File");
-      browser.OnBrowse(0, L"txt", L"Text files|*.txt||");
-      EXPECT_TRUE(driver.Acted());
-    }
-    EXPECT_EQ(L"OK", okText);
+    RunModal(dialog.m_hWnd, L"Select File", [&](HWND d) {
+      okText = GetItemText(d, IDOK);
+      Choose(d, c.choice);
+    }, [&] { browser.OnBrowse(0, L"txt", L"Text files|*.txt||"); });
+    EXPECT_EQ(L"OK", okText);  // the dialog showed
     EXPECT_EQ(0, ::lstrcmpiW(c.edit.c_str(), GetItemText(dialog.m_hWnd, kEdit).c_str()))
         << VnToUtf8(GetItemText(dialog.m_hWnd, kEdit).c_str());
   }
@@ -95,30 +83,24 @@ TEST(CVnDirectoryDialogTest, HidesTheFileItemsAndGivesThePath) {
   PickerFolder folder;
   CVnDirectoryDialog picker(L"", 0, nullptr);
   bool nameShown = true, labelShown = true;
-  std::wstring okText;
-  INT_PTR result;
-  std::wstring chosen = folder.Path(L"pick");
-  {
-    DialogDriver driver(nullptr, [&](HWND d) {
-      nameShown = ::IsWindowVisible(::GetDlgItem(d, kFileNameCombo));
-      labelShown = ::IsWindowVisible(::GetDlgItem(d, kFileNameLabel));
-      okText = GetItemText(d, IDOK);
-      Choose(d, chosen.c_str());
-    }, L"Select Directory");
-    result = picker.DoModal();
-  }
-  EXPECT_EQ(IDOK, result);
-  EXPECT_FALSE(nameShown);
-  EXPECT_FALSE(labelShown);
+  std::wstring okText, chosen = folder.Path(L"pick");
+  EXPECT_EQ(IDOK, RunModal(nullptr, L"Select Directory", [&](HWND d) {
+    nameShown = ::IsWindowVisible(::GetDlgItem(d, kFileNameCombo));
+    labelShown = ::IsWindowVisible(::GetDlgItem(d, kFileNameLabel));
+    okText = GetItemText(d, IDOK);
+    Choose(d, chosen.c_str());
+  }, [&] { return picker.DoModal(); }));
+  EXPECT_FALSE(nameShown || labelShown);
   EXPECT_EQ(L"OK", okText);
   EXPECT_EQ(0, ::lstrcmpiW(chosen.c_str(), picker.GetPathName()));
 }
 
 TEST(CVnMultipleFileRetrieverTest, GathersTheNumberOfFilesAcrossDialogs) {
   PickerFolder folder;
+  // One choice per dialog; null cancels.
   const struct {
     int maxFiles;
-    std::vector<const wchar_t*> choices;  // one per dialog; null cancels
+    std::vector<const wchar_t*> choices;
     BOOL result;
     std::vector<const wchar_t*> names;
     const char* message;
@@ -133,29 +115,22 @@ TEST(CVnMultipleFileRetrieverTest, GathersTheNumberOfFilesAcrossDialogs) {
     CVnMultipleFileRetriever retriever(L"Text files|*.txt|All files|*.*||", c.maxFiles);
     CVnStringArray names;
     ScriptedPrompt prompt({IDOK});
-    BOOL result;
     int dialogs = 0;
-    {
-      DialogDriver driver(nullptr, [&](HWND d) {
-        for (const wchar_t* choice : c.choices) {
-          if (dialogs++ && !(d = vn::test::WaitForNextDialog(nullptr, L"Open", d)))
-            return;
-          Choose(d, choice);
-        }
-      }, L"Open");
-      result = retriever.GetFileNames(names);
-    }
+    const BOOL result = RunModal(nullptr, L"Open", [&](HWND d) {
+      for (const wchar_t* choice : c.choices) {
+        if (dialogs++ && !(d = WaitForNextDialog(nullptr, L"Open", d)))
+          return;
+        Choose(d, choice);
+      }
+    }, [&] { return retriever.GetFileNames(names); });
     EXPECT_EQ(c.result, result) << c.maxFiles << " " << VnToUtf8(c.choices[0]);
     EXPECT_EQ(static_cast<int>(c.choices.size()), dialogs);
     ASSERT_EQ(static_cast<INT_PTR>(c.names.size()), names.GetSize());
     for (size_t i = 0; i < c.names.size(); ++i)
       EXPECT_EQ(0, ::lstrcmpiW(folder.Path(c.names[i]).c_str(), names[static_cast<INT_PTR>(i)]));
-    if (c.message) {
-      ASSERT_EQ(1u, prompt.Asked().size());
+    ASSERT_EQ(c.message ? 1u : 0u, prompt.Asked().size());
+    if (c.message)
       EXPECT_EQ(c.message, prompt.Asked()[0].text);
-    } else {
-      EXPECT_TRUE(prompt.Asked().empty());
-    }
   }
 }
 

@@ -77,16 +77,12 @@ TEST(CVnListCtrlTest, DragsARowToItsDropPlace) {
     int lit;                 // after the moves
     const char* order;
   } cases[] = {
-      {"before: 1 onto 3", true, 1, {3}, 3, 3, "02134"},
-      {"after: 1 onto 3", false, 1, {3}, 3, 3, "02314"},
-      {"before: 3 onto 1", true, 3, {1}, 1, 1, "03124"},
-      {"before: 2 onto 1", true, 2, {1}, 1, 1, "02134"},
-      {"after: 2 onto 3", false, 2, {3}, 3, 3, "01324"},
-      {"after: 3 onto the last", false, 3, {4}, 4, 4, "01243"},
+      {"before: 1 onto 3", true, 1, {3}, 3, 3, "02134"}, {"after: 1 onto 3", false, 1, {3}, 3, 3, "02314"},
+      {"before: 3 onto 1", true, 3, {1}, 1, 1, "03124"}, {"before: 2 onto 1", true, 2, {1}, 1, 1, "02134"},
+      {"after: 2 onto 3", false, 2, {3}, 3, 3, "01324"}, {"after: 3 onto the last", false, 3, {4}, 4, 4, "01243"},
       // Where the row would stay in place there's no drop.
       {"before: 2 onto 3 stays", true, 2, {3}, 3, -1, "01234"},
-      {"after: 2 onto 1 stays", false, 2, {1}, 1, -1, "01234"},
-      {"onto itself", true, 2, {2}, 2, -1, "01234"},
+      {"after: 2 onto 1 stays", false, 2, {1}, 1, -1, "01234"}, {"onto itself", true, 2, {2}, 2, -1, "01234"},
       // The last move decides, not the release.
       {"released over another row", true, 0, {4}, 1, 4, "12304"},
       {"moved on below the rows", true, 0, {3, 5}, 3, -1, "01234"},
@@ -125,17 +121,11 @@ TEST(CVnListCtrlTest, DragsARowToItsDropPlace) {
 // Only a list whose order is the user's drags: single selection, no
 // sorting, rows in a column.
 TEST(CVnListCtrlTest, OnlyAReorderableListDrags) {
-  const struct {
-    DWORD style;
-    bool reorderable;
-  } cases[] = {
-      {kReorderable, true},
-      {(kReorderable & ~LVS_TYPEMASK) | LVS_LIST, true},
+  const struct { DWORD style; bool reorderable; } cases[] = {
+      {kReorderable, true}, {(kReorderable & ~LVS_TYPEMASK) | LVS_LIST, true},
       {kReorderable & ~LVS_TYPEMASK, false},  // icons
-      {(kReorderable & ~LVS_TYPEMASK) | LVS_SMALLICON, false},
-      {kReorderable & ~LVS_SINGLESEL, false},
-      {kReorderable | LVS_SORTASCENDING, false},
-      {kReorderable | LVS_SORTDESCENDING, false},
+      {(kReorderable & ~LVS_TYPEMASK) | LVS_SMALLICON, false}, {kReorderable & ~LVS_SINGLESEL, false},
+      {kReorderable | LVS_SORTASCENDING, false}, {kReorderable | LVS_SORTDESCENDING, false},
   };
   for (const auto& c : cases) {
     Window window;

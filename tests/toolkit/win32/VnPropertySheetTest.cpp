@@ -6,35 +6,21 @@
 #include "afx/win32/AfxResource.h"
 #include "toolkit/VnPropertySheet.h"
 
-#include "DialogDriver.h"
+#include "ModalRun.h"
 #include "Screenshot.h"
 #include "ScriptedPrompt.h"
 
 #include <gtest/gtest.h>
 
-using vn::test::DialogDriver;
-using vn::test::PressButton;
-using vn::test::ScriptedPrompt;
-using vn::test::SetItemText;
+#include <tuple>
+
+using namespace vn::test;
 
 namespace {
 
 enum : UINT { kPageOne = 710, kPageTwo = 711, kEdit = 1001, kList = 1002, kOther = 1004 };
 
-RECT RectIn(HWND parent, HWND child) {
-  RECT rect;
-  ::GetWindowRect(child, &rect);
-  ::MapWindowPoints(nullptr, parent, reinterpret_cast<POINT*>(&rect), 2);
-  return rect;
-}
-
 HWND ActivePage(HWND sheet) { return reinterpret_cast<HWND>(::SendMessageW(sheet, PSM_GETCURRENTPAGEHWND, 0, 0)); }
-
-HWND FocusOf(HWND window) {
-  GUITHREADINFO info = {sizeof(info)};
-  ::GetGUIThreadInfo(::GetWindowThreadProcessId(window, nullptr), &info);
-  return info.hwndFocus;
-}
 
 // A number field that must hold a number when the sheet applies.
 class NumberPage : public CVnPropertyPage {
@@ -49,7 +35,7 @@ protected:
     return TRUE;
   }
   BOOL OnApply() override {
-    CString text = vn::test::GetItemText(m_hWnd, kEdit).c_str();
+    CString text = GetItemText(m_hWnd, kEdit).c_str();
     return ValidateDouble(kEdit, text, static_cast<UINT>(-1));
   }
 };
@@ -69,9 +55,7 @@ struct Sheet {
   CVnPropertySheet sheet;
 };
 
-struct Layout {
-  RECT tab, ok, cancel, page, edit, list;
-};
+struct Layout { RECT tab, ok, cancel, page, edit, list; };
 
 Layout Measure(HWND sheet) {
   HWND page = ActivePage(sheet);
@@ -84,52 +68,40 @@ TEST(CVnPropertySheetTest, ResizableSheetGrowsTabAndActivePage) {
   Sheet s(TRUE);
   Layout before = {}, after = {};
   DWORD style = 0;
-  INT_PTR result;
   const int dx = 90, dy = 60;
-  {
-    DialogDriver driver(nullptr, [&](HWND d) {
-      style = ::GetWindowLongW(d, GWL_STYLE);
-      before = Measure(d);
-      ::RedrawWindow(d, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN | RDW_UPDATENOW);
-      vn::test::WritePng(vn::test::CaptureWindow(d), vn::test::ScreenshotPath(L"toolkit-sheet-small.png"));
-      RECT rect;
-      ::GetWindowRect(d, &rect);
-      ::SetWindowPos(d, nullptr, 0, 0, rect.right - rect.left + dx, rect.bottom - rect.top + dy,
-                     SWP_NOMOVE | SWP_NOZORDER);
-      after = Measure(d);
-      ::RedrawWindow(d, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN | RDW_UPDATENOW);
-      vn::test::WritePng(vn::test::CaptureWindow(d), vn::test::ScreenshotPath(L"toolkit-sheet-large.png"));
-      PressButton(d, IDCANCEL);
-    }, L"Sheet");
-    result = s.sheet.DoModal();
-  }
+  const INT_PTR result = RunModal(nullptr, L"Sheet", [&](HWND d) {
+    style = ::GetWindowLongW(d, GWL_STYLE);
+    before = Measure(d);
+    ::RedrawWindow(d, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN | RDW_UPDATENOW);
+    WritePng(CaptureWindow(d), ScreenshotPath(L"toolkit-sheet-small.png"));
+    RECT rect;
+    ::GetWindowRect(d, &rect);
+    ::SetWindowPos(d, nullptr, 0, 0, rect.right - rect.left + dx, rect.bottom - rect.top + dy,
+                   SWP_NOMOVE | SWP_NOZORDER);
+    after = Measure(d);
+    ::RedrawWindow(d, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN | RDW_UPDATENOW);
+    WritePng(CaptureWindow(d), ScreenshotPath(L"toolkit-sheet-large.png"));
+    PressButton(d, IDCANCEL);
+  }, [&] { return s.sheet.DoModal(); });
   EXPECT_EQ(IDCANCEL, result);
   EXPECT_TRUE(style & WS_THICKFRAME);
-  const struct {
-    const char* what;
-    RECT from, to;
-    int left, top, right, bottom;  // expected moves of each edge
-  } moves[] = {
+  // The expected moves of each edge.
+  const struct { const char* what; RECT from, to; int left, top, right, bottom; } moves[] = {
       {"tab", before.tab, after.tab, 0, 0, dx, dy},       {"OK", before.ok, after.ok, dx, dy, dx, dy},
       {"Cancel", before.cancel, after.cancel, dx, dy, dx, dy}, {"page", before.page, after.page, 0, 0, dx, dy},
       {"edit", before.edit, after.edit, 0, 0, dx, 0},     {"list", before.list, after.list, 0, 0, dx, dy},
   };
-  for (const auto& m : moves) {
-    EXPECT_EQ(m.from.left + m.left, m.to.left) << m.what;
-    EXPECT_EQ(m.from.top + m.top, m.to.top) << m.what;
-    EXPECT_EQ(m.from.right + m.right, m.to.right) << m.what;
-    EXPECT_EQ(m.from.bottom + m.bottom, m.to.bottom) << m.what;
-  }
+  for (const auto& m : moves)
+    EXPECT_EQ(std::make_tuple(m.from.left + m.left, m.from.top + m.top, m.from.right + m.right,
+                              m.from.bottom + m.bottom),
+              std::make_tuple(m.to.left, m.to.top, m.to.right, m.to.bottom)) << m.what;
 }
 
 // OK on the second page: the first page's check fails while the sheet
 // applies, shows its message, comes to the front and focuses its field;
 // the sheet stays open until the number is fixed.
 TEST(CVnPropertySheetTest, FailedCheckBringsItsPageToTheFront) {
-  const struct {
-    const wchar_t* text;
-    bool accepted;
-  } cases[] = {
+  const struct { const wchar_t* text; bool accepted; } cases[] = {
       {L"abc", false}, {L".0", false}, {L"", false}, {L"1abc", true}, {L" 0abc", true}, {L"0.5", true},
   };
   for (const auto& c : cases) {
@@ -137,24 +109,20 @@ TEST(CVnPropertySheetTest, FailedCheckBringsItsPageToTheFront) {
     ScriptedPrompt prompt({IDOK});
     HWND frontAfterOk = nullptr, pageOne = nullptr, focus = nullptr, edit = nullptr;
     bool openAfterOk = false;
-    INT_PTR result;
-    {
-      DialogDriver driver(nullptr, [&](HWND d) {
-        pageOne = ActivePage(d);
-        edit = ::GetDlgItem(pageOne, kEdit);
-        SetItemText(pageOne, kEdit, c.text);
-        ::SendMessageW(d, PSM_SETCURSEL, 1, 0);
+    const INT_PTR result = RunModal(nullptr, L"Sheet", [&](HWND d) {
+      pageOne = ActivePage(d);
+      edit = ::GetDlgItem(pageOne, kEdit);
+      SetItemText(pageOne, kEdit, c.text);
+      ::SendMessageW(d, PSM_SETCURSEL, 1, 0);
+      PressButton(d, IDOK);
+      openAfterOk = ::IsWindowVisible(d) && ActivePage(d) != nullptr;
+      frontAfterOk = ActivePage(d);
+      focus = FocusOf(d);
+      if (openAfterOk) {
+        SetItemText(pageOne, kEdit, L"2");
         PressButton(d, IDOK);
-        openAfterOk = ::IsWindowVisible(d) && ActivePage(d) != nullptr;
-        frontAfterOk = ActivePage(d);
-        focus = FocusOf(d);
-        if (openAfterOk) {
-          SetItemText(pageOne, kEdit, L"2");
-          PressButton(d, IDOK);
-        }
-      }, L"Sheet");
-      result = s.sheet.DoModal();
-    }
+      }
+    }, [&] { return s.sheet.DoModal(); });
     EXPECT_EQ(IDOK, result) << VnToUtf8(c.text);
     EXPECT_EQ(!c.accepted, openAfterOk) << VnToUtf8(c.text);
     if (c.accepted) {
@@ -173,29 +141,19 @@ TEST(CVnPropertySheetTest, ReadOnlySheetHidesOkAndCancels) {
   s.sheet.SetReadOnly(TRUE);
   bool okShown = true;
   std::wstring title, cancel;
-  INT_PTR result;
-  {
-    DialogDriver driver(nullptr, [&](HWND d) {
-      okShown = ::IsWindowVisible(::GetDlgItem(d, IDOK));
-      wchar_t text[128] = {};
-      ::GetWindowTextW(d, text, 128);
-      title = text;
-      cancel = vn::test::GetItemText(d, IDCANCEL);
-      SetItemText(ActivePage(d), kEdit, L"1");
-      ::SendMessageW(d, WM_COMMAND, IDOK, 0);
-      PressButton(d, IDCANCEL);
-    }, L"Sheet");
-    result = s.sheet.DoModal();
-  }
+  const INT_PTR result = RunModal(nullptr, L"Sheet", [&](HWND d) {
+    okShown = ::IsWindowVisible(::GetDlgItem(d, IDOK));
+    title = WindowText(d);
+    cancel = GetItemText(d, IDCANCEL);
+    SetItemText(ActivePage(d), kEdit, L"1");
+    ::SendMessageW(d, WM_COMMAND, IDOK, 0);
+    PressButton(d, IDCANCEL);
+  }, [&] { return s.sheet.DoModal(); });
   EXPECT_EQ(IDCANCEL, result);
   EXPECT_FALSE(okShown);
   EXPECT_EQ(L"Close", cancel);
   EXPECT_NE(std::wstring::npos, title.find(L"(Read-Only)")) << VnToUtf8(title.c_str());
 }
-
-}  // namespace
-
-namespace {
 
 // A local page names its module; the local sheet points the page's record
 // there before adding it, so template and caption come from that module

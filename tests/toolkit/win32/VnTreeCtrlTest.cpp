@@ -105,12 +105,7 @@ TEST(CVnTreeCtrlTest, SearchesFindTheItemOfTheirOrder) {
   HTREEITEM a = Item(tree, L"a"), deep = tree.FindItem(reinterpret_cast<void*>(1), nullptr, Tree::SearchDepthFirst),
             shallow = tree.FindItem(reinterpret_cast<void*>(2), nullptr, Tree::SearchDepthFirst);
   ASSERT_TRUE(a && deep && shallow && tree.GetParentItem(shallow) == tree.GetRootItem());
-  const struct {
-    const wchar_t* text;
-    HTREEITEM start;
-    Tree::SearchType type;
-    HTREEITEM found;
-  } cases[] = {
+  const struct { const wchar_t* text; HTREEITEM start; Tree::SearchType type; HTREEITEM found; } cases[] = {
       {L"x", nullptr, Tree::SearchBreadthFirst, shallow}, {L"x", nullptr, Tree::SearchDepthFirst, deep},
       {L"x", a, Tree::SearchBreadthFirst, deep},          {L"a", a, Tree::SearchDepthFirst, a},
       {L"X", nullptr, Tree::SearchDepthFirst, nullptr},   {L"S", a, Tree::SearchDepthFirst, nullptr},
@@ -137,10 +132,8 @@ TEST(CVnTreeCtrlTest, CountsOnEmptyAndDeepTrees) {
   for (int i = 0; i < 150; ++i)
     deep += L"n(";
   deep += L"leaf" + std::wstring(150, L')');
-  const struct {
-    std::wstring tree;
-    int roots, nodes, leaves;
-  } cases[] = {{L"", 0, 0, 0}, {L"A(B(D E) C) F(G(H(I)) J) K", 3, 5, 6}, {deep, 1, 150, 1}};
+  const struct { std::wstring tree; int roots, nodes, leaves; } cases[] = {
+      {L"", 0, 0, 0}, {L"A(B(D E) C) F(G(H(I)) J) K", 3, 5, 6}, {deep, 1, 150, 1}};
   for (const auto& c : cases) {
     Window window;
     Tree tree;

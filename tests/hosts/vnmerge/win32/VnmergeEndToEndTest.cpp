@@ -277,6 +277,9 @@ TEST(VnmergeEndToEndTest, BadInputEndsWithStatusTwoAndWritesNothing) {
       L"--headless " + three,                                   // no -o
       L"--headless " + q(files.local) + L" -o " + q(files.merged),  // one side only
       L"--headless --no-such-option " + three + L" -o " + q(files.merged),
+      L"--headless \"unclosed " + three + L" -o " + q(files.merged),
+      L"--headless " + q(files.base) + L" " + q(files.dir.Path().Left(files.dir.Path().GetLength() - 1)) + L" " +
+          q(files.remote) + L" -o " + q(files.merged),  // a directory
       // The binary question's default answer lets it through; the tool
       // still refuses it.
       L"--headless " + q(files.base) + L" " + q(binary) + L" " + q(files.remote) + L" -o " + q(files.merged),
