@@ -1,0 +1,22 @@
+// VnWideSearch.h - the edit-script search on wide registers.  Internal to
+// the comparison.
+//
+// Gives exactly the marks of VnSearchBox over the whole kept box; only how
+// each cost's diagonals are computed differs (VnWideSearch.cpp says why).
+#ifndef VN_ENGINE_VNWIDESEARCH_H
+#define VN_ENGINE_VNWIDESEARCH_H
+
+#include "engine/VnCompareState.h"
+
+// The widest form of the search this processor runs; decided once, at load.
+CVnSearchForm VnWidestSearchForm();
+
+// Marks changed every kept line that the search of the box (0, K0, 0, K1)
+// leaves unmatched, as VnSearchBox does, in the given form (not Portable,
+// and no wider than VnWidestSearchForm()).  Makes its own diagonal arrays
+// and releases the kept classes once it has packed them.  Gives false, and
+// changes nothing, when the classes found on both sides are too many to
+// pack; the portable search then has to run.
+bool VnWideSearch(CVnCompareState& state, CVnSearchForm form);
+
+#endif  // VN_ENGINE_VNWIDESEARCH_H
