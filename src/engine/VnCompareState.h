@@ -51,17 +51,14 @@ struct CVnCompareState {
   void MakeDiagonalBuffers();
 };
 
-// The forms of the edit-script search, narrowest first (VnWideSearch.h).
-enum class CVnSearchForm { Portable, Avx2, Avx512 };
-
 // The two shaping steps around the search can be switched off, which leaves
 // a minimal edit script; tests use this to check the search on its own.
-// The search runs in the widest form the processor has, but no wider than
-// m_widestSearch: tests hold each form against the portable one.
+// The wide search (VnWideSearch.h) can be switched off too, so that tests
+// hold it against the portable one.
 struct CVnCompareHooks {
   bool m_bDiscard = true;
   bool m_bShift = true;
-  CVnSearchForm m_widestSearch = CVnSearchForm::Avx512;
+  bool m_bWideSearch = true;
 };
 CVnCompareHooks VnGetCompareHooks();
 void VnSetCompareHooks(const CVnCompareHooks& hooks);

@@ -115,9 +115,7 @@ void VnSearchBox(CVnCompareState& st, int32_t xlo, int32_t xhi, int32_t ylo, int
 }
 
 void VnSearchKeptLines(CVnCompareState& st) {
-  const CVnSearchForm widest = VnWidestSearchForm(), cap = VnGetCompareHooks().m_widestSearch;
-  const CVnSearchForm form = cap < widest ? cap : widest;
-  if (form != CVnSearchForm::Portable && VnWideSearch(st, form))
+  if (VnGetCompareHooks().m_bWideSearch && VnWideSearchAvailable() && VnWideSearch(st))
     return;
   st.MakeDiagonalBuffers();
   VnSearchBox(st, 0, st.m_source.m_nKept, 0, st.m_target.m_nKept);

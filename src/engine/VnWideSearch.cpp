@@ -1,13 +1,17 @@
-// VnWideSearch.cpp - the search of VnEditSearch.cpp, many diagonals a step.
+// VnWideSearch.cpp - the search of VnEditSearch.cpp, sixteen diagonals a
+// step.
 //
 // Why a second form of the search, and why it gives the same answer:
 //
 //  - Where edits are dense nearly all of a comparison's time goes into the
 //    furthest-reaching step, one diagonal at a time, with a branch on every
 //    snake that the processor cannot predict.  The step is the same
-//    arithmetic on every diagonal of a band, so it fits wide registers:
-//    eight diagonals a step with AVX2, sixteen with AVX-512.  The widest
-//    form the processor has is picked once, when the library is loaded.
+//    arithmetic on every diagonal of a band, so it fits wide registers.
+//    With AVX-512 (checked once, when the library is loaded) sixteen
+//    diagonals take it together, their lanes' conditions in mask registers.
+//    AVX2 forms of the same step were measured too: with eight lanes, no
+//    mask registers and no 16-bit permute they spent as long as the
+//    portable loop, so a processor without AVX-512 runs the portable one.
 //  - The diagonals of one band all have one parity and read only their two
 //    neighbours, which have the other.  Each direction therefore keeps its
 //    furthest points in two arrays, one per parity: a band is a contiguous
@@ -18,14 +22,14 @@
 //    becomes one number per side that matches nothing.  A pair whose shared
 //    classes do not fit (more than 65534 of them: long files with few
 //    edits, where the search costs little) takes the portable search.
-//  - The lanes' points lie close together, as neighbouring diagonals'
-//    furthest points stem from one another.  Their classes are therefore
-//    read from two windows, one per side, of 32 classes (64 with AVX-512)
-//    loaded around them and indexed in registers: a gather costs as much as
-//    a load per lane.  Two snake steps are taken without a branch, since
-//    most snakes end there where edits are dense; a snake that runs longer,
-//    or leaves its window, goes on alone, a register of classes at a time,
-//    as the trimming of a box does.
+//  - Neighbouring diagonals' furthest points stem from one another, so the
+//    lanes' points lie close together.  Their classes are read from two
+//    windows of 64 classes, one per side, loaded around them and indexed in
+//    registers (a gather costs about a load per lane); a lane whose pair
+//    has left its window gathers it.  Two snake steps are taken without a
+//    branch, since most snakes end there where edits are dense; a snake
+//    still running after six goes on alone, sixteen classes a compare, as
+//    the trimming of a box does.
 //  - The definition fixes which script comes out, through the order of the
 //    search: within one cost the forward pass first, the diagonals from the
 //    highest down, the first overlap wins, the split at the backward point
@@ -34,8 +38,8 @@
 //    overlap kept is on its highest diagonal; so every middle diagonal, cost
 //    and split point, and therefore every mark, is the portable search's.
 //    Diagonals below the winning one are never read again.
-//  - The portable search stays, for other processors and as the reference:
-//    tests hold each form against it (CVnCompareHooks::m_widestSearch).
+//  - The portable search stays as the reference: tests hold this form
+//    against it on any input (CVnCompareHooks::m_bWideSearch).
 #include "engine/VnWideSearch.h"
 
 #include "engine/VnEditSearch.h"
@@ -58,7 +62,6 @@
 
 #if defined(VN_SEARCH_WIDE)
 
-#define VN_AVX2 __attribute__((target("avx2")))
 #define VN_AVX512 __attribute__((target("avx2,avx512f,avx512bw")))
 
 namespace {
@@ -105,7 +108,7 @@ struct Reach {
 
 // Equal classes at a[0], b[0] onward, at most n, sixteen a step: the byte
 // mask of the compare shows the first difference.
-VN_AVX2 int32_t MatchForward(const uint16_t* a, const uint16_t* b, int32_t n) {
+VN_AVX512 int32_t MatchForward(const uint16_t* a, const uint16_t* b, int32_t n) {
   int32_t k = 0;
   for (; k + 16 <= n; k += 16) {
     const __m256i va = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(a + k));
@@ -120,7 +123,7 @@ VN_AVX2 int32_t MatchForward(const uint16_t* a, const uint16_t* b, int32_t n) {
 }
 
 // Equal classes at a[-1], b[-1] downward, at most n.
-VN_AVX2 int32_t MatchBackward(const uint16_t* a, const uint16_t* b, int32_t n) {
+VN_AVX512 int32_t MatchBackward(const uint16_t* a, const uint16_t* b, int32_t n) {
   int32_t k = 0;
   for (; k + 16 <= n; k += 16) {
     const __m256i va = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(a - k - 16));
@@ -139,38 +142,9 @@ int32_t Clamp(int32_t first, int32_t count) {
   return first < -kClassPad ? -kClassPad : first > count ? count : first;
 }
 
-// The 32-bit pair of a window of 32 classes (two registers) whose low half
-// is class o (0 to 31), in each lane.
-VN_AVX2 __m256i WindowPair(const __m256i window[2], __m256i o) {
-  const __m256i at = _mm256_srli_epi32(o, 1);
-  const __m256 upper = _mm256_castsi256_ps(_mm256_slli_epi32(o, 27));  // bit 4 of o, as the sign
-  const __m256i pair = _mm256_castps_si256(_mm256_blendv_ps(_mm256_castsi256_ps(_mm256_permutevar8x32_epi32(window[0], at)),
-                                                            _mm256_castsi256_ps(_mm256_permutevar8x32_epi32(window[1], at)), upper));
-  return _mm256_srlv_epi32(pair, _mm256_and_si256(_mm256_slli_epi32(o, 4), _mm256_set1_epi32(16)));
-}
-
-// The same for a window of 64 classes in two 512-bit registers.
-VN_AVX512 __m512i WindowPair(__m512i lo, __m512i hi, __m512i o) {
-  return _mm512_permutex2var_epi16(lo, o, hi);
-}
-
-// Lanes whose next pair of classes, from points x, y, lies inside the box
-// with the given edges (the far ones forward, the near ones backward).
-template <bool kForward>
-VN_AVX2 __m256i Inside(__m256i x, __m256i y, __m256i xEdge, __m256i yEdge) {
-  return kForward ? _mm256_and_si256(_mm256_cmpgt_epi32(xEdge, x), _mm256_cmpgt_epi32(yEdge, y))
-                  : _mm256_and_si256(_mm256_cmpgt_epi32(x, xEdge), _mm256_cmpgt_epi32(y, yEdge));
-}
-
-template <bool kForward>
-VN_AVX512 __mmask16 Inside(__m512i x, __m512i y, __m512i xEdge, __m512i yEdge) {
-  return kForward ? _mm512_cmplt_epi32_mask(x, xEdge) & _mm512_cmplt_epi32_mask(y, yEdge)
-                  : _mm512_cmpgt_epi32_mask(x, xEdge) & _mm512_cmpgt_epi32_mask(y, yEdge);
-}
-
 class WideSearch {
 public:
-  WideSearch(CVnCompareState& st, const uint16_t* xv, const uint16_t* yv, CVnSearchForm form);
+  WideSearch(CVnCompareState& st, const uint16_t* xv, const uint16_t* yv);
   void SearchBox(int32_t xlo, int32_t xhi, int32_t ylo, int32_t yhi);
 
 private:
@@ -179,23 +153,18 @@ private:
   template <bool kForward>
   bool Pass(const Band& band, const Band& opposite, bool check, const Box& box, Meeting& meeting) const;
   template <bool kForward>
-  bool PassAvx2(const Band& band, const Band& opposite, bool check, const Box& box, Meeting& meeting) const;
-  template <bool kForward>
-  bool PassAvx512(const Band& band, const Band& opposite, bool check, const Box& box, Meeting& meeting) const;
-  template <bool kForward>
   void FinishSnakes(int32_t* xs, const int32_t* ys, unsigned lanes, const Box& box) const;
 
   CVnCompareState& m_st;
   const uint16_t* m_xv;
   const uint16_t* m_yv;
-  CVnSearchForm m_form;
   int32_t m_nKept[2];
   int32_t m_offset;
   Reach m_forward, m_backward;
 };
 
-WideSearch::WideSearch(CVnCompareState& st, const uint16_t* xv, const uint16_t* yv, CVnSearchForm form)
-    : m_st(st), m_xv(xv), m_yv(yv), m_form(form) {
+WideSearch::WideSearch(CVnCompareState& st, const uint16_t* xv, const uint16_t* yv)
+    : m_st(st), m_xv(xv), m_yv(yv) {
   // Diagonals run from -(K1 + 1) to K0 + 1; the offset puts the lowest at
   // entry kPad or above.
   const int32_t k0 = st.m_source.m_nKept, k1 = st.m_target.m_nKept;
@@ -239,108 +208,13 @@ void WideSearch::FinishSnakes(int32_t* xs, const int32_t* ys, unsigned lanes, co
   }
 }
 
+// One pass of one direction over its band, sixteen diagonals a chunk,
+// chunks from the highest down.  With check set, looks for the first
+// overlap with the opposite band, as the portable pass does after each
+// diagonal.
 template <bool kForward>
-bool WideSearch::Pass(const Band& band, const Band& opposite, bool check, const Box& box, Meeting& meeting) const {
-  return m_form == CVnSearchForm::Avx512 ? PassAvx512<kForward>(band, opposite, check, box, meeting)
-                                         : PassAvx2<kForward>(band, opposite, check, box, meeting);
-}
-
-// One pass of one direction over its band, eight diagonals a chunk, chunks
-// from the highest down.  With check set, looks for the first overlap with
-// the opposite band, as the portable pass does after each diagonal.
-template <bool kForward>
-VN_AVX2 bool WideSearch::PassAvx2(const Band& band, const Band& opposite, bool check, const Box& box,
-                                  Meeting& meeting) const {
-  const Reach& mine = kForward ? m_forward : m_backward;
-  const int p = band.hi & 1;
-  int32_t* out = mine.half[p];
-  // Entry j of this parity has its neighbours (diagonals d - 1 and d + 1)
-  // at entries j and j + 1 of `low`.
-  const int32_t* low = mine.half[p ^ 1] - (p == 0 ? 1 : 0);
-  const int32_t* theirs = (kForward ? m_backward : m_forward).half[p];
-  const int32_t jlo = (band.lo + m_offset) >> 1, jhi = (band.hi + m_offset) >> 1;
-  const __m256i lane = _mm256_setr_epi32(0, 1, 2, 3, 4, 5, 6, 7);
-  const __m256i one = _mm256_set1_epi32(1), zero = _mm256_setzero_si256();
-  const __m256i xEdge = _mm256_set1_epi32(kForward ? box.xhi : box.xlo);
-  const __m256i yEdge = _mm256_set1_epi32(kForward ? box.yhi : box.ylo);
-  for (int32_t j0 = jhi - 7;; j0 -= 8) {
-    const __m256i live = _mm256_cmpgt_epi32(_mm256_add_epi32(_mm256_set1_epi32(j0), lane), _mm256_set1_epi32(jlo - 1));
-    const __m256i d = _mm256_add_epi32(_mm256_set1_epi32(2 * j0 + p - m_offset), _mm256_add_epi32(lane, lane));
-    const __m256i below = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(low + j0));
-    const __m256i above = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(low + j0 + 1));
-    __m256i x = kForward ? _mm256_max_epi32(_mm256_add_epi32(below, one), above)
-                         : _mm256_min_epi32(below, _mm256_sub_epi32(above, one));
-    __m256i y = _mm256_sub_epi32(x, d);
-    __m256i active = _mm256_and_si256(live, Inside<kForward>(x, y, xEdge, yEdge));
-    // The pairs a step compares, as offsets into the windows, which sit
-    // around the middle of lanes 0 and 7, a little ahead of the snakes.
-    const __m256i xi = kForward ? x : _mm256_sub_epi32(x, one);
-    const __m256i yi = kForward ? y : _mm256_sub_epi32(y, one);
-    const int32_t midX = (_mm256_cvtsi256_si32(xi) + _mm256_extract_epi32(xi, 7)) >> 1;
-    const int32_t midY = (_mm256_cvtsi256_si32(yi) + _mm256_extract_epi32(yi, 7)) >> 1;
-    const int32_t bx = Clamp(midX - (kForward ? 12 : 19), m_nKept[0]);
-    const int32_t by = Clamp(midY - (kForward ? 12 : 19), m_nKept[1]);
-    const __m256i wx[2] = {_mm256_loadu_si256(reinterpret_cast<const __m256i*>(m_xv + bx)),
-                           _mm256_loadu_si256(reinterpret_cast<const __m256i*>(m_xv + bx + 16))};
-    const __m256i wy[2] = {_mm256_loadu_si256(reinterpret_cast<const __m256i*>(m_yv + by)),
-                           _mm256_loadu_si256(reinterpret_cast<const __m256i*>(m_yv + by + 16))};
-    __m256i ox = _mm256_sub_epi32(xi, _mm256_set1_epi32(bx));
-    __m256i oy = _mm256_sub_epi32(yi, _mm256_set1_epi32(by));
-    for (int s = 0; s < kWindowSteps; ++s) {
-      if (s >= kFreeSteps && _mm256_testz_si256(active, active))
-        break;
-      const __m256i within = _mm256_cmpeq_epi32(_mm256_and_si256(_mm256_or_si256(ox, oy), _mm256_set1_epi32(~31)), zero);
-      __m256i cx = WindowPair(wx, ox), cy = WindowPair(wy, oy);
-      const __m256i outside = _mm256_andnot_si256(within, active);
-      if (!_mm256_testz_si256(outside, outside)) {
-        cx = _mm256_mask_i32gather_epi32(cx, reinterpret_cast<const int*>(m_xv), kForward ? x : _mm256_sub_epi32(x, one), outside, 2);
-        cy = _mm256_mask_i32gather_epi32(cy, reinterpret_cast<const int*>(m_yv), kForward ? y : _mm256_sub_epi32(y, one), outside, 2);
-      }
-      const __m256i differ = _mm256_and_si256(_mm256_xor_si256(cx, cy), _mm256_set1_epi32(0xFFFF));
-      // -1 in the lanes that step.
-      const __m256i same = _mm256_and_si256(active, _mm256_cmpeq_epi32(differ, zero));
-      x = kForward ? _mm256_sub_epi32(x, same) : _mm256_add_epi32(x, same);
-      y = kForward ? _mm256_sub_epi32(y, same) : _mm256_add_epi32(y, same);
-      ox = kForward ? _mm256_sub_epi32(ox, same) : _mm256_add_epi32(ox, same);
-      oy = kForward ? _mm256_sub_epi32(oy, same) : _mm256_add_epi32(oy, same);
-      active = _mm256_and_si256(same, Inside<kForward>(x, y, xEdge, yEdge));
-    }
-    const unsigned rest = static_cast<unsigned>(_mm256_movemask_ps(_mm256_castsi256_ps(active)));
-    if (rest) {
-      alignas(32) int32_t xs[8], ys[8];
-      _mm256_store_si256(reinterpret_cast<__m256i*>(xs), x);
-      _mm256_store_si256(reinterpret_cast<__m256i*>(ys), y);
-      FinishSnakes<kForward>(xs, ys, rest, box);
-      x = _mm256_load_si256(reinterpret_cast<const __m256i*>(xs));
-    }
-    // A blend and a plain store, which some processors do faster than a
-    // masked store; entries outside the band keep their values.
-    __m256i* slot = reinterpret_cast<__m256i*>(out + j0);
-    _mm256_storeu_si256(slot, _mm256_blendv_epi8(_mm256_loadu_si256(slot), x, live));
-    if (check) {
-      const __m256i inOpposite = _mm256_and_si256(live, _mm256_and_si256(_mm256_cmpgt_epi32(d, _mm256_set1_epi32(opposite.lo - 1)),
-                                                                         _mm256_cmpgt_epi32(_mm256_set1_epi32(opposite.hi + 1), d)));
-      const __m256i other = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(theirs + j0));
-      // Overlap: the backward point at or before the forward one.
-      const __m256i apart = kForward ? _mm256_cmpgt_epi32(other, x) : _mm256_cmpgt_epi32(x, other);
-      const unsigned met = static_cast<unsigned>(_mm256_movemask_ps(_mm256_castsi256_ps(_mm256_andnot_si256(apart, inOpposite))));
-      if (met) {
-        const int l = 31 - __builtin_clz(met);
-        meeting.d = 2 * (j0 + l) + p - m_offset;
-        meeting.x = m_backward.half[p][j0 + l];
-        return true;
-      }
-    }
-    if (j0 <= jlo)
-      return false;
-  }
-}
-
-// PassAvx2 with sixteen diagonals a chunk, windows of 64 classes and lane
-// masks in mask registers.
-template <bool kForward>
-VN_AVX512 bool WideSearch::PassAvx512(const Band& band, const Band& opposite, bool check, const Box& box,
-                                      Meeting& meeting) const {
+VN_AVX512 bool WideSearch::Pass(const Band& band, const Band& opposite, bool check, const Box& box,
+                              Meeting& meeting) const {
   const Reach& mine = kForward ? m_forward : m_backward;
   const int p = band.hi & 1;
   int32_t* out = mine.half[p];
@@ -494,40 +368,35 @@ bool Pack(const CVnCompareState& st, std::vector<uint16_t>& xv, std::vector<uint
   return true;
 }
 
-CVnSearchForm WidestForm() {
+bool HasAvx512() {
   __builtin_cpu_init();
-  if (__builtin_cpu_supports("avx512f") && __builtin_cpu_supports("avx512bw") && __builtin_cpu_supports("avx2"))
-    return CVnSearchForm::Avx512;
-  if (__builtin_cpu_supports("avx2"))
-    return CVnSearchForm::Avx2;
-  return CVnSearchForm::Portable;
+  return __builtin_cpu_supports("avx512f") && __builtin_cpu_supports("avx512bw") && __builtin_cpu_supports("avx2");
 }
 
-const CVnSearchForm kWidest = WidestForm();
+const bool kAvx512 = HasAvx512();
 
 }  // namespace
 
-CVnSearchForm VnWidestSearchForm() { return kWidest; }
+bool VnWideSearchAvailable() { return kAvx512; }
 
-bool VnWideSearch(CVnCompareState& st, CVnSearchForm form) {
-  assert(form != CVnSearchForm::Portable && form <= kWidest && "a form this processor runs");
+bool VnWideSearch(CVnCompareState& st) {
+  assert(kAvx512 && "the wide search runs only where the processor has AVX-512");
   std::vector<uint16_t> xv, yv;
   if (!Pack(st, xv, yv))
     return false;
   // The 32-bit classes are not read again.
   std::vector<int32_t>().swap(st.m_source.m_keptClasses);
   std::vector<int32_t>().swap(st.m_target.m_keptClasses);
-  WideSearch(st, xv.data() + kClassPad, yv.data() + kClassPad, form).SearchBox(0, st.m_source.m_nKept, 0, st.m_target.m_nKept);
+  WideSearch(st, xv.data() + kClassPad, yv.data() + kClassPad).SearchBox(0, st.m_source.m_nKept, 0, st.m_target.m_nKept);
   return true;
 }
 
 #else
 
-CVnSearchForm VnWidestSearchForm() { return CVnSearchForm::Portable; }
+bool VnWideSearchAvailable() { return false; }
 
-bool VnWideSearch(CVnCompareState& st, CVnSearchForm form) {
+bool VnWideSearch(CVnCompareState& st) {
   (void)st;
-  (void)form;
   return false;
 }
 

@@ -8,15 +8,14 @@
 
 #include "engine/VnCompareState.h"
 
-// The widest form of the search this processor runs; decided once, at load.
-CVnSearchForm VnWidestSearchForm();
+// Whether this processor runs the wide search; decided once, at load.
+bool VnWideSearchAvailable();
 
 // Marks changed every kept line that the search of the box (0, K0, 0, K1)
-// leaves unmatched, as VnSearchBox does, in the given form (not Portable,
-// and no wider than VnWidestSearchForm()).  Makes its own diagonal arrays
-// and releases the kept classes once it has packed them.  Gives false, and
-// changes nothing, when the classes found on both sides are too many to
-// pack; the portable search then has to run.
-bool VnWideSearch(CVnCompareState& state, CVnSearchForm form);
+// leaves unmatched, as VnSearchBox does.  Only where the processor runs it.
+// Makes its own diagonal arrays, and releases the kept classes once it has
+// packed them.  Gives false, and changes nothing, when the classes found
+// on both sides are too many to pack: the portable search has to run.
+bool VnWideSearch(CVnCompareState& state);
 
 #endif  // VN_ENGINE_VNWIDESEARCH_H
