@@ -267,7 +267,10 @@ VN_AVX512 bool WideSearch::Pass(const Band& band, const Band& opposite, bool che
           cy = _mm512_mask_i32gather_epi32(cy, outside, _mm512_add_epi32(oy, _mm512_set1_epi32(by)), m_yv, 2);
         }
       }
-      const __mmask16 same = _mm512_mask_testn_epi32_mask(active, _mm512_xor_si512(cx, cy), _mm512_set1_epi32(0xFFFF));
+      __mmask16 same = _mm512_mask_testn_epi32_mask(active, _mm512_xor_si512(cx, cy), _mm512_set1_epi32(0xFFFF));
+      // Hidden from the compiler, which would otherwise branch past a free
+      // step when no lane is left: the branch this loop avoids.
+      __asm__("" : "+k"(same));
       steps = _mm512_mask_add_epi32(steps, same, steps, one);
       active = _mm512_mask_cmpgt_epi32_mask(same, room, steps);
     }
