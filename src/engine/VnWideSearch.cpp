@@ -253,7 +253,7 @@ VN_AVX512 bool WideSearch::Pass(const Band& band, const Band& opposite, bool che
     // Lanes whose pairs stay inside both windows for every step taken here
     // (offsets 0 to 63, unsigned); the others gather theirs.
     const __m512i lead = _mm512_set1_epi32(kForward ? 0 : kWindowSteps - 1);
-    const __mmask16 far = _mm512_mask_cmpgt_epu32_mask(
+    const __mmask16 roaming = _mm512_mask_cmpgt_epu32_mask(
         active, _mm512_max_epu32(_mm512_sub_epi32(ox0, lead), _mm512_sub_epi32(oy0, lead)), _mm512_set1_epi32(64 - kWindowSteps));
     for (int s = 0; s < kWindowSteps; ++s) {
       if (s >= kFreeSteps && !active)
@@ -261,8 +261,8 @@ VN_AVX512 bool WideSearch::Pass(const Band& band, const Band& opposite, bool che
       const __m512i ox = kForward ? _mm512_add_epi32(ox0, steps) : _mm512_sub_epi32(ox0, steps);
       const __m512i oy = kForward ? _mm512_add_epi32(oy0, steps) : _mm512_sub_epi32(oy0, steps);
       __m512i cx = _mm512_permutex2var_epi16(wx0, ox, wx1), cy = _mm512_permutex2var_epi16(wy0, oy, wy1);
-      if (far & active) {
-        if (const __mmask16 outside = _mm512_mask_test_epi32_mask(far & active, _mm512_or_si512(ox, oy), _mm512_set1_epi32(~63))) {
+      if (roaming & active) {
+        if (const __mmask16 outside = _mm512_mask_test_epi32_mask(roaming & active, _mm512_or_si512(ox, oy), _mm512_set1_epi32(~63))) {
           cx = _mm512_mask_i32gather_epi32(cx, outside, _mm512_add_epi32(ox, _mm512_set1_epi32(bx)), m_xv, 2);
           cy = _mm512_mask_i32gather_epi32(cy, outside, _mm512_add_epi32(oy, _mm512_set1_epi32(by)), m_yv, 2);
         }
