@@ -137,9 +137,12 @@ VN_AVX512 int32_t MatchBackward(const uint16_t* a, const uint16_t* b, int32_t n)
   return k;
 }
 
-// A window's first class, kept where the padded side can serve all of it.
-int32_t Clamp(int32_t first, int32_t count) {
-  return first < -kClassPad ? -kClassPad : first > count ? count : first;
+// A window's first class: `ahead` classes before the middle of a and b,
+// kept where the padded side can serve all of the window.  a and b may be
+// anything (a lane outside the band holds whatever its entry held).
+int32_t WindowStart(int32_t a, int32_t b, int32_t ahead, int32_t count) {
+  const int64_t first = ((static_cast<int64_t>(a) + b) >> 1) - ahead;
+  return first < -kClassPad ? -kClassPad : first > count ? count : static_cast<int32_t>(first);
 }
 
 class WideSearch {
@@ -242,10 +245,9 @@ VN_AVX512 bool WideSearch::Pass(const Band& band, const Band& opposite, bool che
     // 0 and 15, a little ahead of the snakes.
     const __m512i xi = kForward ? x : _mm512_sub_epi32(x, one);
     const __m512i yi = kForward ? y : _mm512_sub_epi32(y, one);
-    const int32_t midX = (_mm512_cvtsi512_si32(xi) + _mm_extract_epi32(_mm512_extracti32x4_epi32(xi, 3), 3)) >> 1;
-    const int32_t midY = (_mm512_cvtsi512_si32(yi) + _mm_extract_epi32(_mm512_extracti32x4_epi32(yi, 3), 3)) >> 1;
-    const int32_t bx = Clamp(midX - (kForward ? 24 : 39), m_nKept[0]);
-    const int32_t by = Clamp(midY - (kForward ? 24 : 39), m_nKept[1]);
+    const int32_t ahead = kForward ? 24 : 39;
+    const int32_t bx = WindowStart(_mm512_cvtsi512_si32(xi), _mm_extract_epi32(_mm512_extracti32x4_epi32(xi, 3), 3), ahead, m_nKept[0]);
+    const int32_t by = WindowStart(_mm512_cvtsi512_si32(yi), _mm_extract_epi32(_mm512_extracti32x4_epi32(yi, 3), 3), ahead, m_nKept[1]);
     const __m512i wx0 = _mm512_loadu_si512(m_xv + bx), wx1 = _mm512_loadu_si512(m_xv + bx + 32);
     const __m512i wy0 = _mm512_loadu_si512(m_yv + by), wy1 = _mm512_loadu_si512(m_yv + by + 32);
     const __m512i ox0 = _mm512_sub_epi32(xi, _mm512_set1_epi32(bx));
