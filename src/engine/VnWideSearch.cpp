@@ -30,7 +30,7 @@
 //    branch, since most snakes end there where edits are dense; a snake
 //    still running after six goes on alone, sixteen classes a compare, as
 //    the trimming of a box does.
-//  - The definition fixes which script comes out, through the order of the
+//  - Which of several minimal scripts comes out is fixed by the order of the
 //    search: within one cost the forward pass first, the diagonals from the
 //    highest down, the first overlap wins, the split at the backward point
 //    of that diagonal.  Here each pass still goes first or second as there,
