@@ -1,11 +1,15 @@
 // EngineFuzzer.cpp - two arbitrary buffers as line sets of every type, under
 // every flag.  Beyond not crashing, the records must ascend, a Change must be
 // even, and without flags the delta operations must rebuild the target byte
-// for byte from the source, the records and the extracted delta text.
+// for byte from the source, the records and the extracted delta text.  Where
+// the processor runs the wide search, the portable one must give the same
+// records.
 #include "FuzzSupport.h"
 
+#include "engine/VnCompareState.h"
 #include "engine/VnDiffArg.h"
 #include "engine/VnDiffChange.h"
+#include "engine/VnWideSearch.h"
 
 #include <cstring>
 
@@ -57,6 +61,23 @@ void CheckRebuild(CVnDiffArg& source, CVnDiffArg& target, CVnDiffChangeList& cha
   delete[] text;
 }
 
+void CheckPortableAgrees(CVnDiffArg& source, CVnDiffArg& target, uint8_t flags, const CVnDiffChangeList& changes) {
+  const CVnCompareHooks saved = VnGetCompareHooks();
+  CVnCompareHooks portable = saved;
+  portable.m_bWideSearch = false;
+  VnSetCompareHooks(portable);
+  CVnDiffChangeList again;
+  source.Compare(flags & 1, flags & 2, flags & 4, target, again);
+  VnSetCompareHooks(saved);
+  FUZZ_CHECK(again.GetSize() == changes.GetSize());
+  for (INT_PTR i = 0; i < changes.GetSize(); ++i) {
+    const CVnDiffChange& a = *changes[i];
+    const CVnDiffChange& b = *again[i];
+    FUZZ_CHECK(a.GetAction() == b.GetAction() && a.StartSource() == b.StartSource() && a.EndSource() == b.EndSource() &&
+               a.StartTarget() == b.StartTarget() && a.EndTarget() == b.EndTarget());
+  }
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
@@ -74,6 +95,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   CVnDiffChangeList changes;
   source.Compare(flags & 1, flags & 2, flags & 4, target, changes);
   CheckOrder(changes);
+  if (VnWideSearchAvailable())
+    CheckPortableAgrees(source, target, flags, changes);
   if ((flags & 7) == 0)
     CheckRebuild(source, target, changes);
   return 0;

@@ -13,10 +13,12 @@
 //
 // Inputs: code-like lines ("    value_17 = compute(17, 42);"), with blank
 // lines and lone braces in the share real sources have.
+#include "engine/VnCompareState.h"
 #include "engine/VnDiffArg.h"
 
 #include <benchmark/benchmark.h>
 
+#include <algorithm>
 #include <atomic>
 #include <cstdlib>
 #include <new>
@@ -193,6 +195,27 @@ static void BM_Unrelated(benchmark::State& state) {
   RunCompare(state, pair);
 }
 BENCHMARK(BM_Unrelated)->Arg(100000)->Unit(benchmark::kMillisecond);
+
+// 100k lines drawn from eleven short ones against the same lines shuffled:
+// the densest search, with the wide search on (range 0 = 1) and off, which
+// shows what the wide form gains on this machine.
+static void BM_ShuffledRepeats(benchmark::State& state) {
+  static const char* const kShort[] = {"", "}", "{", "  }", "    break;", "  return 0;", "else", "  {", "    }", "#endif", "  i++;"};
+  std::mt19937 rng(11);
+  std::vector<std::string> source(100000);
+  for (auto& line : source)
+    line = kShort[rng() % 11];
+  std::vector<std::string> target = source;
+  std::shuffle(target.begin(), target.end(), rng);
+  Pair pair(Join(source), Join(target));
+  const CVnCompareHooks saved = VnGetCompareHooks();
+  CVnCompareHooks hooks = saved;
+  hooks.m_bWideSearch = state.range(0) != 0;
+  VnSetCompareHooks(hooks);
+  RunCompare(state, pair);
+  VnSetCompareHooks(saved);
+}
+BENCHMARK(BM_ShuffledRepeats)->Arg(1)->Arg(0)->Unit(benchmark::kMillisecond)->Iterations(1);
 
 // One line of range(0) bytes against the same line with one byte changed.
 static void BM_OneLongLine(benchmark::State& state) {

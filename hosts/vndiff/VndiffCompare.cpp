@@ -187,7 +187,10 @@ static bool OpenBoth(CVnComparison& comparison, const Options& o) {
 int RunCompare(const Options& o, std::FILE* out) {
   CheckReadable(o.files[0]);
   CheckReadable(o.files[1]);
-  CVnComparison comparison(CompareOptions(o));
+  CVnCompareOptions options = CompareOptions(o);
+  options.m_bRaw = options.m_bRaw || (!o.sourceEncoding && !o.targetEncoding &&
+                                      VnPlainAsciiPair(Wide(o.files[0]), Wide(o.files[1])));
+  CVnComparison comparison(options);
   if (!OpenBoth(comparison, o))
     return CompareBytes(o, out);
   try {

@@ -41,13 +41,15 @@ bool ValidSequence(const unsigned char* b, int len) {
   return true;
 }
 
-// Eight bytes at a time while they are ASCII and hold no NUL: most text is.
+// Eight bytes at a time while they are ASCII and hold no NUL or CR: most
+// text is.
 size_t AsciiRun(const unsigned char* b, size_t i, size_t n) {
-  const uint64_t high = 0x8080808080808080ull, ones = 0x0101010101010101ull;
+  const uint64_t high = 0x8080808080808080ull, ones = 0x0101010101010101ull, cr = 0x0D0D0D0D0D0D0D0Dull;
   while (i + 8 <= n) {
     uint64_t w;
     memcpy(&w, b + i, 8);
-    if ((w & high) != 0 || ((w - ones) & ~w & high) != 0)
+    const uint64_t c = w ^ cr;
+    if ((w & high) != 0 || ((w - ones) & ~w & high) != 0 || ((c - ones) & ~c & high) != 0)
       break;
     i += 8;
   }
@@ -58,6 +60,8 @@ size_t AsciiRun(const unsigned char* b, size_t i, size_t n) {
 
 CVnContentScan VnScanContent(const unsigned char* b, size_t n) {
   CVnContentScan scan;
+  scan.m_bScanned = true;
+  scan.m_bFinalNewline = n == 0 || b[n - 1] == '\n';
   scan.m_bByteOrderMark = StartsWithMark(b, n);
   for (size_t i = 0; i < n;) {
     i = AsciiRun(b, i, n);
@@ -66,6 +70,7 @@ CVnContentScan VnScanContent(const unsigned char* b, size_t n) {
     const unsigned char c = b[i];
     if (c < 0x80) {
       scan.m_bNul = scan.m_bNul || c == 0;
+      scan.m_bCarriageReturn = scan.m_bCarriageReturn || c == '\r';
       ++i;
       continue;
     }
@@ -101,6 +106,16 @@ CVnContentScan VnScanFile(const CString& path) {
     e->Delete();
     return CVnContentScan();
   }
+}
+
+bool VnPlainAsciiPair(const CString& a, const CString& b) {
+  for (const CString* path : {&a, &b}) {
+    const CVnContentScan scan = VnScanFile(*path);
+    if (!scan.m_bScanned || !scan.m_bAscii || scan.m_bNul || scan.m_bCarriageReturn || scan.m_bByteOrderMark ||
+        !scan.m_bFinalNewline)
+      return false;
+  }
+  return true;
 }
 
 CString VnEncodingSourceName(VnEncodingSource source) {

@@ -23,10 +23,13 @@ enum class VnEncodingSource : unsigned char { Default, ByteOrderMark, Content, U
 
 // What a scan of a file's bytes found.
 struct CVnContentScan {
+  bool m_bScanned = false;        // false: the file could not be read
   bool m_bByteOrderMark = false;  // UTF-8 or UTF-16 mark at the start
   bool m_bNul = false;
   bool m_bAscii = true;           // no byte above 0x7F
   bool m_bUtf8 = true;            // valid UTF-8 (plain ASCII is)
+  bool m_bCarriageReturn = false;
+  bool m_bFinalNewline = true;    // empty, or the last byte is LF
 };
 
 VN_API CVnContentScan VnScanContent(const unsigned char* bytes, size_t size);
@@ -36,6 +39,12 @@ VN_API unsigned VnCodePageByContent(const CVnContentScan& scan, unsigned ansiCod
 // Scans the file at path; a file that can't be opened scans as empty, and
 // the reading that follows says why.
 VN_API CVnContentScan VnScanFile(const CString& path);
+// Both files plain ASCII with LF line ends only (no mark, NUL or CR) and a
+// final LF: their bytes cut at LF are the lines the intake would give, with
+// the same records (an unterminated last line would compare unlike its
+// terminated partner as bytes), so a host that prints may compare them raw and skip the UTF-16
+// copy of each (half the memory, no conversion).
+VN_API bool VnPlainAsciiPair(const CString& a, const CString& b);
 // "by byte order mark", "by content", "by user", "by default".
 VN_API CString VnEncodingSourceName(VnEncodingSource source);
 

@@ -161,8 +161,7 @@ void CVnDiffArg::Compare(int ignoreWhitespace, int ignoreCase, int ignoreLineEnd
     src.KeepAll();
     tgt.KeepAll();
   }
-  st.MakeDiagonalBuffers();
-  VnSearchBox(st, 0, src.m_nKept, 0, tgt.m_nKept);
+  VnSearchKeptLines(st);
   if (g_hooks.m_bShift)
     VnShiftAll(st);
   EmitRecords(st, changes);

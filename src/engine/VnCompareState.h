@@ -53,9 +53,12 @@ struct CVnCompareState {
 
 // The two shaping steps around the search can be switched off, which leaves
 // a minimal edit script; tests use this to check the search on its own.
+// The wide search (VnWideSearch.h) can be switched off too, so that tests
+// hold it against the portable one.
 struct CVnCompareHooks {
   bool m_bDiscard = true;
   bool m_bShift = true;
+  bool m_bWideSearch = true;
 };
 CVnCompareHooks VnGetCompareHooks();
 void VnSetCompareHooks(const CVnCompareHooks& hooks);

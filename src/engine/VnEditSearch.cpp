@@ -11,6 +11,8 @@
 // overlap wins, which fixes which of several minimal scripts comes out.
 #include "engine/VnEditSearch.h"
 
+#include "engine/VnWideSearch.h"
+
 #include <cassert>
 
 static const int32_t kForwardNone = -1;
@@ -81,7 +83,7 @@ int32_t VnMiddleDiagonal(CVnCompareState& st, int32_t xlo, int32_t xhi, int32_t 
   }
 }
 
-static void MarkKept(const CVnCompareSide& side, int32_t lo, int32_t hi) {
+void VnMarkKept(const CVnCompareSide& side, int32_t lo, int32_t hi) {
   for (int32_t k = lo; k < hi; ++k)
     side.m_pChanged[side.m_keptIndex[static_cast<size_t>(k)]] = 1;
 }
@@ -95,11 +97,11 @@ void VnSearchBox(CVnCompareState& st, int32_t xlo, int32_t xhi, int32_t ylo, int
     while (xhi > xlo && yhi > ylo && xv[xhi - 1] == yv[yhi - 1])
       --xhi, --yhi;
     if (xlo == xhi) {
-      MarkKept(st.m_target, ylo, yhi);
+      VnMarkKept(st.m_target, ylo, yhi);
       return;
     }
     if (ylo == yhi) {
-      MarkKept(st.m_source, xlo, xhi);
+      VnMarkKept(st.m_source, xlo, xhi);
       return;
     }
     int32_t d = VnMiddleDiagonal(st, xlo, xhi, ylo, yhi);
@@ -110,4 +112,11 @@ void VnSearchBox(CVnCompareState& st, int32_t xlo, int32_t xhi, int32_t ylo, int
     xlo = x;
     ylo = y;
   }
+}
+
+void VnSearchKeptLines(CVnCompareState& st) {
+  if (VnGetCompareHooks().m_bWideSearch && VnWideSearchAvailable() && VnWideSearch(st))
+    return;
+  st.MakeDiagonalBuffers();
+  VnSearchBox(st, 0, st.m_source.m_nKept, 0, st.m_target.m_nKept);
 }

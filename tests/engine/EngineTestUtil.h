@@ -134,13 +134,15 @@ struct Rebuilt {
   std::string why;
 };
 
-// Switches discarding and shifting for the life of the object.
+// Switches discarding, shifting and the wide search for the life of the
+// object.
 class ScopedHooks {
 public:
-  ScopedHooks(bool discard, bool shift) : m_saved(VnGetCompareHooks()) {
+  ScopedHooks(bool discard, bool shift, bool wideSearch = true) : m_saved(VnGetCompareHooks()) {
     CVnCompareHooks hooks;
     hooks.m_bDiscard = discard;
     hooks.m_bShift = shift;
+    hooks.m_bWideSearch = wideSearch;
     VnSetCompareHooks(hooks);
   }
   ~ScopedHooks() { VnSetCompareHooks(m_saved); }

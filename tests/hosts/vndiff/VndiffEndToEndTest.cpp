@@ -338,6 +338,29 @@ TEST_F(VndiffTest, PatchMadeFromTheOutputRebuildsTheTarget) {
   }
 }
 
+// Plain ASCII with LF ends is compared as bytes, without the UTF-16 copy;
+// the output must be what the decoded comparison gives (a code page given
+// by the user keeps vndiff on the decoded road).
+TEST_F(VndiffTest, PlainAsciiPairsGiveWhatTheDecodedComparisonGives) {
+  std::mt19937 rng(5);
+  static const char* const kLines[] = {"a", "B", "b", "", "int x;", "\tq ", "  x", "A"};
+  std::uniform_int_distribution<int> count(0, 14), pick(0, 7);
+  for (int i = 0; i < 40; ++i) {
+    std::string text[2];
+    for (std::string& t : text)
+      for (int n = count(rng); n > 0; --n)
+        t += std::string(kLines[pick(rng)]) + (n == 1 && i % 4 == 0 ? "" : "\n");
+    Write("s", text[0]);
+    Write("t", text[1]);
+    for (const char* flags : {"", "-u", "-y", "--format=records", "-w", "-i"}) {
+      SCOPED_TRACE(std::to_string(i) + " " + flags);
+      Outcome bytes = Vndiff(std::string(flags) + " s t"), decoded = Vndiff(std::string(flags) + " --encoding=1252 s t");
+      EXPECT_EQ(decoded.status, bytes.status);
+      EXPECT_EQ(decoded.out, bytes.out);
+    }
+  }
+}
+
 TEST_F(VndiffTest, DeltaRoundTripIsByteIdentical) {
   std::mt19937 rng(11);
   for (int i = 0; i < 80; ++i) {
