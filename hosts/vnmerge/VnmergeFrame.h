@@ -6,7 +6,9 @@
 // side, the shorter side padded with blank rows, so the regions stand level.
 // Below, the merged text as it would be saved, unresolved conflicts between
 // their markers.  Colours say where lines come from: LOCAL the insert
-// colour, REMOTE the replace colour, a conflict the delete colour.
+// colour, REMOTE the replace colour, a conflict the delete colour.  In a
+// region a side changed, like LOCAL and REMOTE lines stand level and the
+// changed words have a light shade of that colour (VnChangedWords.h).
 //
 // The Merge menu resolves the current conflict (the one the caret is on,
 // else the one last gone to) and refills the panes; File > Save writes the
