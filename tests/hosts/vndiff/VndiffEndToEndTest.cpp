@@ -48,10 +48,14 @@ TEST_F(VndiffTest, EachFormatPrintsTheRecords) {
   }
 }
 
-TEST_F(VndiffTest, ColourOnlyWhenAsked) {
-  Write("a", "x\n");
-  Write("b", "y\n");
-  EXPECT_NE(std::string::npos, Vndiff("-y --color=always a b").out.find("\x1b[33m"));
+// In colour the changed words of a replaced line stand out in reverse video.
+TEST_F(VndiffTest, ColourOnlyWhenAskedWithChangedWordsReversed) {
+  Write("a", "the total is counted\tonce\n");
+  Write("b", "the sum is counted\tonce\n");
+  const std::string coloured = Vndiff("-y --color=always a b").out;
+  EXPECT_NE(std::string::npos, coloured.find("\x1b[33m")) << coloured;
+  EXPECT_NE(std::string::npos, coloured.find("the \x1b[7mtotal\x1b[27m is counted  ")) << coloured;
+  EXPECT_NE(std::string::npos, coloured.find("the \x1b[7msum\x1b[27m is counted  ")) << coloured;
   EXPECT_EQ(std::string::npos, Vndiff("-y a b").out.find("\x1b["));  // stdout is no terminal
 }
 
