@@ -58,27 +58,38 @@ size_t AsciiRun(const unsigned char* b, size_t i, size_t n) {
 
 }  // namespace
 
-CVnContentScan VnScanContent(const unsigned char* b, size_t n) {
+CVnContentScan VnScanContent(const unsigned char* b, size_t n, bool asciiOnly) {
   CVnContentScan scan;
   scan.m_bScanned = true;
   scan.m_bFinalNewline = n == 0 || b[n - 1] == '\n';
   scan.m_bByteOrderMark = StartsWithMark(b, n);
+  if (scan.m_bByteOrderMark) {  // the mark decides; UTF-16 would make the rest slow to walk
+    scan.m_bAscii = false;
+    return scan;
+  }
   for (size_t i = 0; i < n;) {
     i = AsciiRun(b, i, n);
     if (i >= n)
       break;
     const unsigned char c = b[i];
+    if (c == 0) {  // binary: the intake's question decides the rest
+      scan.m_bNul = true;
+      scan.m_bAscii = false;
+      return scan;
+    }
     if (c < 0x80) {
-      scan.m_bNul = scan.m_bNul || c == 0;
       scan.m_bCarriageReturn = scan.m_bCarriageReturn || c == '\r';
       ++i;
       continue;
     }
     scan.m_bAscii = false;
     const int len = SequenceLength(c);
-    if (scan.m_bUtf8 && (len == 0 || i + len > n || !ValidSequence(b + i, len)))
+    if (asciiOnly || len == 0 || i + len > n || !ValidSequence(b + i, len)) {
       scan.m_bUtf8 = false;
-    i += scan.m_bUtf8 ? static_cast<size_t>(len) : 1;
+      scan.m_bNul = memchr(b + i, 0, n - i) != nullptr;  // all that still matters
+      return scan;
+    }
+    i += static_cast<size_t>(len);
   }
   return scan;
 }
@@ -91,7 +102,7 @@ unsigned VnCodePageByContent(const CVnContentScan& scan, unsigned ansiCodePage) 
   return ansiCodePage == kUtf8 ? kWestern : 0;
 }
 
-CVnContentScan VnScanFile(const CString& path) {
+CVnContentScan VnScanFile(const CString& path, bool asciiOnly) {
   try {
     CVnFile file(path, CFile::modeRead);
     CVnFileMapping mapping;
@@ -99,7 +110,7 @@ CVnContentScan VnScanFile(const CString& path) {
     unsigned long size = 0;
     const void* view = nullptr;
     mapping.GetBuffer(size, view);
-    CVnContentScan scan = VnScanContent(static_cast<const unsigned char*>(view), size);
+    CVnContentScan scan = VnScanContent(static_cast<const unsigned char*>(view), size, asciiOnly);
     mapping.Close();
     return scan;
   } catch (CException* e) {
@@ -110,7 +121,7 @@ CVnContentScan VnScanFile(const CString& path) {
 
 bool VnPlainAsciiPair(const CString& a, const CString& b) {
   for (const CString* path : {&a, &b}) {
-    const CVnContentScan scan = VnScanFile(*path);
+    const CVnContentScan scan = VnScanFile(*path, true);
     if (!scan.m_bScanned || !scan.m_bAscii || scan.m_bNul || scan.m_bCarriageReturn || scan.m_bByteOrderMark ||
         !scan.m_bFinalNewline)
       return false;

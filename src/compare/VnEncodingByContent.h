@@ -32,13 +32,16 @@ struct CVnContentScan {
   bool m_bFinalNewline = true;    // empty, or the last byte is LF
 };
 
-VN_API CVnContentScan VnScanContent(const unsigned char* bytes, size_t size);
+// With asciiOnly the scan stops at the first byte beyond ASCII (m_bUtf8 is
+// then unknown, given as false).  A byte order mark or a NUL byte ends it
+// too: the intake decides such a file.
+VN_API CVnContentScan VnScanContent(const unsigned char* bytes, size_t size, bool asciiOnly = false);
 // The code page to read bytes of this scan in; 0 leaves the intake's own
 // detection.  ansiCodePage is the process's.
 VN_API unsigned VnCodePageByContent(const CVnContentScan& scan, unsigned ansiCodePage);
 // Scans the file at path; a file that can't be opened scans as empty, and
 // the reading that follows says why.
-VN_API CVnContentScan VnScanFile(const CString& path);
+VN_API CVnContentScan VnScanFile(const CString& path, bool asciiOnly = false);
 // Both files plain ASCII with LF line ends only (no mark, NUL or CR) and a
 // final LF: their bytes cut at LF are the lines the intake would give, with
 // the same records (an unterminated last line would compare unlike its
