@@ -54,6 +54,14 @@ inline std::wstring Text(std::wstring rows) {
   return rows;
 }
 
+// The rows prefix+first, prefix+(first+1), ... joined by '|'.
+inline std::wstring CountedRows(int count, const wchar_t* prefix = L"", int first = 1) {
+  std::wstring rows;
+  for (int k = first; k < first + count; ++k)
+    rows += (k > first ? L"|" : L"") + (prefix + std::to_wstring(k));
+  return rows;
+}
+
 struct LineFormat {
   bool uniformColor;
   COLORREF color;

@@ -178,20 +178,13 @@ TEST(VnPaneWndSetDefaultText, TakesALineOfOneMegabyteWhole) {
   EXPECT_EQ(L"1", Rows(p.Numbers()));
 }
 
-std::wstring NumberedRows(int count) {
-  std::wstring rows;
-  for (int k = 1; k <= count; ++k)
-    rows += (k > 1 ? L"|" : L"") + std::to_wstring(k);
-  return rows;
-}
-
 // Whatever the text pane makes of a scroll message, the number column
 // comes to the same first line, also when it has no width; the return to
 // the beginning brings both to the top.
 TEST(VnPaneWndScroll, NumberColumnFollowsEveryVerticalMovement) {
   for (int width : {40, 0}) {
     HostedPane<> p;
-    p.Load(NumberedRows(200));
+    p.Load(vn::test::CountedRows(200));
     p.pane.SendMessage(WM_PANE_RESIZEINTERNALPANES, 0, width);
     struct Move {
       UINT message, code, pos;
@@ -214,7 +207,7 @@ TEST(VnPaneWndScroll, NumberColumnFollowsEveryVerticalMovement) {
 TEST(VnPaneWndSynchronize, SelectionChangeBringsTheNumberColumnToTheTextsLine) {
   for (bool visible : {true, false}) {
     HostedPane<> p;
-    p.Load(NumberedRows(200));
+    p.Load(vn::test::CountedRows(200));
     p.pane.SendMessage(WM_PANE_RESIZEINTERNALPANES, 0, 40);
     EXPECT_EQ(nullptr, p.pane.GetParentFrame());
     p.TextPane().LineScroll(100);  // the control tells no one
