@@ -281,17 +281,6 @@ TEST(VnRichEditPaneSelectLines, SelectsFromALineToTheStartOfTheOneAfter) {
   }
 }
 
-TEST(VnRichEditPaneFormats, SetDefaultCharFormatSetsTheRecordSizeAndAppliesToAllText) {
-  PaneWindows windows;
-  windows.Fill(L"aa|bb");
-  CHARFORMATW format = ColorFormat(kRed);
-  format.cbSize = 0;
-  EXPECT_NE(0, windows.Edit().SetDefaultCharFormat(format));
-  EXPECT_EQ(92u, format.cbSize);
-  EXPECT_EQ(kRed, FormatOfLine(windows.Edit(), 1).color);
-  EXPECT_EQ(kRed, FormatOfLine(windows.Edit(), 2).color);
-}
-
 TEST(VnRichEditPaneFormats, ChangeCharFormatChangesTheFontAndKeepsColoursSelectionAndMask) {
   PaneWindows windows;
   windows.Fill(L"aa|bb|cc", L"\r\n");
