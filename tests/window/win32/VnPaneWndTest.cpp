@@ -1,11 +1,9 @@
 // VnPaneWndTest.cpp - a pane of the component's own making: its caption and
 // children, their layout, the rows of the number column beside the text's,
 // and the number column following the text.
-#include "PaneTestSupport.h"
+#include "SplitterTestSupport.h"
 
 #include "window/VnPaneMessages.h"
-#include "window/VnReconcileFrame.h"
-#include "window/VnRichEditSplitterWnd.h"
 
 #include <commctrl.h>
 
@@ -222,16 +220,8 @@ TEST(VnPaneWndSynchronize, SelectionChangeBringsTheNumberColumnToTheTextsLine) {
 
 // The least frame: nothing of its own to compare or show, and a tab size of
 // its own, which the panes below it are to read.
-class Frame : public CVnReconcileFrame {
-public:
+struct Frame : vn::test::SplitterFrame {
   Frame() { m_DisplayOptions.SetTabSize(7); }
-  int CanFind() override { return 1; }
-
-protected:
-  int SetupStatusBar() override { return 1; }
-  int SetupToolBar() override { return 1; }
-  int DoDiff() override { return 1; }
-  int DoDisplay() override { return 1; }
 };
 
 // A pane reaches its frame through at most two splitters; below a third
