@@ -62,7 +62,9 @@ TEST_F(FramePersistenceTest, AFrameClosedWhileMinimisedIsStoredAsRestore) {
 }
 
 // What one frame writes the next reads back: a flag stored as 5 counts as
-// set and comes back as 1; a coordinate off the screen comes back as it was.
+// set and comes back as 1; a coordinate off the screen comes back as it
+// was; a stored 0 turns the merged-file editor's constructor 1 off, and the
+// editor comes back as it was written.
 TEST_F(FramePersistenceTest, TheValuesOneFrameWritesTheNextReadsBack) {
   PutDword(L"Display", L"WndPlcmntLeft", static_cast<DWORD>(-20));
   PutDword(L"DisplayOptions", L"FontHeight", 260);
@@ -70,12 +72,16 @@ TEST_F(FramePersistenceTest, TheValuesOneFrameWritesTheNextReadsBack) {
   PutDword(L"DisplayOptions", L"DisplayToolBar", 0);
   PutDword(L"ColorOptions", L"Default", 0x010203);
   PutDword(L"ColorOptions", L"Insert", 0x040506);
-  TestFrame first, second;
-  ASSERT_TRUE(first.Make(false) && second.Make(false));
+  PutDword(L"MergeOptions", L"EditMergedFile", 0);
+  TestFrame first, second, third;
+  ASSERT_TRUE(first.Make(false) && second.Make(false) && third.Make(false));
   ASSERT_EQ(7, first.DiffAndDisplay());
   EXPECT_EQ(5, first.GetDisplayOptions().GetDisplayDiffOnly());
+  EXPECT_EQ(0, first.m_bEditMergedFile);
+  first.m_strEditor = L"\"C:\\Tools\\ed.exe\" -n";
   FrameTestApp::Clear();
   first.SendMessage(WM_CLOSE);
+  EXPECT_EQ(0u, GetDword(L"MergeOptions", L"EditMergedFile"));
   ASSERT_EQ(7, second.DiffAndDisplay());
   const CVnDisplayOptions& read = second.GetDisplayOptions();
   EXPECT_EQ(1, read.GetDisplayDiffOnly());
@@ -84,21 +90,6 @@ TEST_F(FramePersistenceTest, TheValuesOneFrameWritesTheNextReadsBack) {
   EXPECT_EQ(0x010203u, DefaultColor(second));
   EXPECT_EQ(0x040506u, second.GetInsertCharFormat().crTextColor);
   EXPECT_EQ(-20, second.Placement().rcNormalPosition.left);
-}
-
-// The merged-file editor settings: a stored 0 turns the constructor's 1
-// off, a stored 5 counts as set; the editor comes back as it was written.
-TEST_F(FramePersistenceTest, TheMergeOptionsAreWrittenAndReadBack) {
-  PutDword(L"MergeOptions", L"EditMergedFile", 0);
-  TestFrame first, second, third;
-  ASSERT_TRUE(first.Make(false) && second.Make(false) && third.Make(false));
-  ASSERT_EQ(7, first.DiffAndDisplay());
-  EXPECT_EQ(0, first.m_bEditMergedFile);
-  first.m_strEditor = L"\"C:\\Tools\\ed.exe\" -n";
-  FrameTestApp::Clear();
-  first.SendMessage(WM_CLOSE);
-  EXPECT_EQ(0u, GetDword(L"MergeOptions", L"EditMergedFile"));
-  ASSERT_EQ(7, second.DiffAndDisplay());
   EXPECT_EQ(0, second.m_bEditMergedFile);
   EXPECT_EQ(CString(L"\"C:\\Tools\\ed.exe\" -n"), second.m_strEditor);
   PutDword(L"MergeOptions", L"EditMergedFile", 5);
