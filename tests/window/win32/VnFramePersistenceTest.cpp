@@ -50,14 +50,21 @@ TEST_F(FramePersistenceTest, ADefaultColourEqualToTheWindowLoadsAsTheWindowText)
   }
 }
 
-TEST_F(FramePersistenceTest, AFrameClosedWhileMinimisedIsStoredAsRestore) {
-  const int cases[][2] = {{SW_SHOWNORMAL, SW_SHOWNORMAL}, {SW_SHOWMINIMIZED, SW_RESTORE}, {SW_SHOWMAXIMIZED, SW_SHOWMAXIMIZED}};
+// Closing saves the options of a visible frame only; one closed while
+// minimised is stored as restored.
+TEST_F(FramePersistenceTest, ClosingStoresAVisibleFrameAndAMinimisedOneAsRestore) {
+  const DWORD kNone = 0xDEADBEEF;
+  const DWORD cases[][2] = {
+      {SW_HIDE, kNone}, {SW_SHOWNORMAL, SW_SHOWNORMAL}, {SW_SHOWMINIMIZED, SW_RESTORE}, {SW_SHOWMAXIMIZED, SW_SHOWMAXIMIZED}};
   for (const auto& c : cases) {
     TestFrame frame;
     ASSERT_TRUE(frame.Make(false));
-    frame.ShowWindow(c[0]);
+    frame.ShowWindow(static_cast<int>(c[0]));
     frame.SendMessage(WM_CLOSE);
-    EXPECT_EQ(static_cast<DWORD>(c[1]), GetDword(L"Display", L"WndPlcmntShow")) << c[0];
+    EXPECT_EQ(nullptr, frame.m_hWnd);
+    EXPECT_EQ(c[1] == kNone ? Log{} : Log{"save"}, frame.m_log) << c[0];
+    EXPECT_EQ(c[1], GetDword(L"Display", L"WndPlcmntShow")) << c[0];
+    EXPECT_EQ(c[1] == kNone ? kNone : 4u, GetDword(L"DisplayOptions", L"TabSize")) << c[0];
   }
 }
 
