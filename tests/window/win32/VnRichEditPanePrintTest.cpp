@@ -109,7 +109,7 @@ JobResult PrintJob(BasicPaneWindows<FormattingPane>& pane, const PrintChoice& ch
     offered = dialogs.selectionOffered;
     chosen = dialogs.selectionChosen;
   }
-  return {offered, chosen, pane.Edit().m_printedRows, ReadWholeFile(output), ::IsWindowEnabled(HostWindow()) != 0,
+  return {offered, chosen, pane.Edit().m_printedRows, ReadBytes(output), ::IsWindowEnabled(HostWindow()) != 0,
           pane.Edit().m_aPageStart.GetSize()};
 }
 
@@ -219,7 +219,7 @@ TEST(OnFilePrint, PrintsAComparisonSideBySide) {
     PrintDialogs dialogs({}, output);
     print.Edit().OnFilePrint(&HostWindow());
   }
-  std::string ps = ReadWholeFile(output);
+  std::string ps = ReadBytes(output);
   EXPECT_EQ((std::vector<int>{1, 71, 141, 211, 281}), print.Edit().m_printedRows) << "302 rows, 70 a page";
   EXPECT_EQ(5, CountOf(ps, "%%Page:"));
   EXPECT_EQ(1, CountOf(ps, "%%Title: Sideview Output"));
@@ -237,7 +237,7 @@ TEST(OnFilePrint, EndsWithTheControlsOwnFormatter) {
     PrintDialogs dialogs({}, output);
     pane.Edit().OnFilePrint(&HostWindow());
   }
-  std::string ps = ReadWholeFile(output);
+  std::string ps = ReadBytes(output);
   EXPECT_GE(CountOf(ps, "%%Page:"), 1);
   EXPECT_LE(CountOf(ps, "%%Page:"), 5) << "200 rows take a few pages, not endless empty ones";
   EXPECT_EQ(1, CountOf(ps, "%%Title: Sideview Output"));
