@@ -27,13 +27,7 @@ std::string Rebuild(LineSet& source, LineSet& target, CPtrArray& changes) {
   return Flatten(rebuilt.result);
 }
 
-std::string ReadAll(const CString& path) {
-  CFile file(path, CFile::modeRead);
-  std::string bytes(static_cast<size_t>(file.GetLength()), '\0');
-  if (!bytes.empty())
-    file.Read(&bytes[0], static_cast<UINT>(bytes.size()));
-  return bytes;
-}
+std::string ReadAll(const CString& path) { return vn::test::ReadBytes(vn::test::FsPath(path)); }
 
 }  // namespace
 

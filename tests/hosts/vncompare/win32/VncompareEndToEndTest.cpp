@@ -24,7 +24,6 @@
 
 #include <filesystem>
 #include <fstream>
-#include <sstream>
 #include <string>
 #include <vector>
 
@@ -358,10 +357,7 @@ TEST(VncompareEndToEndTest, PrintsBothFilesFromTheFileMenu) {
   std::string text;
   for (int tries = 0; tries < 600 && text.find("%%EOF") == std::string::npos; ++tries) {
     ::Sleep(100);
-    std::ifstream in(std::filesystem::path(output), std::ios::binary);
-    std::stringstream ps;
-    ps << in.rdbuf();
-    text = ps.str();
+    text = vn::test::ReadBytes(output);
   }
   size_t pages = 0;
   for (size_t at = text.find("%%Page:"); at != std::string::npos; at = text.find("%%Page:", at + 1))

@@ -19,7 +19,6 @@
 #include <filesystem>
 #include <fstream>
 #include <set>
-#include <sstream>
 #include <string>
 #include <vector>
 
@@ -34,13 +33,6 @@ void ForgetSettings() { CVnRegistry().DeleteSection(HKEY_CURRENT_USER, L"Softwar
 
 void WriteFile(const CString& path, const std::string& bytes) {
   std::ofstream(std::filesystem::path(path.GetString()), std::ios::binary) << bytes;
-}
-
-std::string ReadFile(const CString& path) {
-  std::ifstream in(std::filesystem::path(path.GetString()), std::ios::binary);
-  std::stringstream bytes;
-  bytes << in.rdbuf();
-  return bytes.str();
 }
 
 std::set<std::wstring> Names(const CString& dir) {
@@ -173,13 +165,13 @@ TEST(VnmergeEndToEndTest, ResolvesTheConflictFromTheMenuAndSaves) {
   ::SendMessageW(tool.frame, WM_COMMAND, ID_FILE_SAVE, 0);
   EXPECT_EQ(0u, tool.Close());
   EXPECT_EQ("line 1\nlocal two\nline 3\nline 4\nremote five\nline 6\nline 7\nline 8\nremote nine\nline 10\n",
-            ReadFile(files.merged));
+            vn::test::ReadBytes(vn::test::FsPath(files.merged)));
   EXPECT_EQ((std::set<std::wstring>{L"base.txt", L"local.txt", L"remote.txt", L"merged.txt"}),
             Names(files.dir.Path()));
   // The editor was started on the merged file.
   std::string edited;
   for (int tries = 0; tries < 100 && edited.empty(); ++tries, ::Sleep(50))
-    edited = ReadFile(record);
+    edited = vn::test::ReadBytes(vn::test::FsPath(record));
   std::wstring wide = files.merged.GetString();
   EXPECT_NE(std::string::npos, edited.find(std::string(wide.begin(), wide.end()))) << edited;
   ForgetSettings();
@@ -197,7 +189,7 @@ TEST(VnmergeEndToEndTest, SavingWithAConflictLeftAsksAndEndsWithStatusOne) {
     ::SendMessageW(tool.frame, WM_COMMAND, ID_FILE_SAVE, 0);
     ASSERT_TRUE(question.Acted());
   }
-  std::string withMarkers = ReadFile(files.merged);
+  std::string withMarkers = vn::test::ReadBytes(vn::test::FsPath(files.merged));
   EXPECT_NE(std::string::npos,
             withMarkers.find("<<<<<<< LOCAL\nlocal five a\nlocal five b\n=======\nremote five\n>>>>>>> REMOTE\n"))
       << withMarkers;
