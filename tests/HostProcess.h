@@ -5,7 +5,12 @@
 #ifndef VN_TESTS_HOSTPROCESS_H
 #define VN_TESTS_HOSTPROCESS_H
 
+#include "afx/win32/AfxRes.h"
+
 #include <windows.h>
+
+#include <commctrl.h>
+#include <richedit.h>
 
 #include <cwchar>
 
@@ -38,6 +43,59 @@ inline std::vector<std::wstring> ControlRows(HWND edit) {
     }
   }
   return rows;
+}
+
+inline const wchar_t* Chars(const wchar_t* s) { return s; }
+inline const wchar_t* Chars(const std::wstring& s) { return s.c_str(); }
+
+// Paths as the words of a command line, each in quotes.
+template <class... Paths>
+std::wstring Quoted(const Paths&... paths) {
+  std::wstring line;
+  for (const wchar_t* path : {Chars(paths)...})
+    line += (line.empty() ? L"\"" : L" \"") + std::wstring(path) + L"\"";
+  return line;
+}
+
+// A message whose lParam points to a T, sent to a window of another
+// process: the T travels through memory of that process.
+template <class T>
+bool SendRemote(HWND window, UINT message, WPARAM wParam, T& data) {
+  DWORD pid = 0;
+  ::GetWindowThreadProcessId(window, &pid);
+  HANDLE process = ::OpenProcess(PROCESS_VM_OPERATION | PROCESS_VM_READ | PROCESS_VM_WRITE, FALSE, pid);
+  if (!process)
+    return false;
+  void* remote = ::VirtualAllocEx(process, nullptr, sizeof(T), MEM_COMMIT, PAGE_READWRITE);
+  bool done = remote && ::WriteProcessMemory(process, remote, &data, sizeof(T), nullptr);
+  if (done) {
+    ::SendMessageW(window, message, wParam, reinterpret_cast<LPARAM>(remote));
+    done = ::ReadProcessMemory(process, remote, &data, sizeof(T), nullptr) != 0;
+  }
+  if (remote)
+    ::VirtualFreeEx(process, remote, 0, MEM_RELEASE);
+  ::CloseHandle(process);
+  return done;
+}
+
+// The background of the character at `column` of a row of a rich edit
+// control of any process; CLR_DEFAULT when it has none of its own.
+inline COLORREF CharBackground(HWND pane, long row, long column) {
+  LRESULT start = ::SendMessageW(pane, EM_LINEINDEX, row, 0) + column;
+  ::SendMessageW(pane, EM_SETSEL, start, start + 1);
+  CHARFORMAT2W format = {};
+  format.cbSize = sizeof(format);
+  if (!SendRemote(pane, EM_GETCHARFORMAT, SCF_SELECTION, format))
+    return 0xFFFFFFFF;
+  return (format.dwEffects & CFE_AUTOBACKCOLOR) || !(format.dwMask & CFM_BACKCOLOR) ? CLR_DEFAULT : format.crBackColor;
+}
+
+// A part of a status bar of any process.
+inline std::wstring StatusText(HWND bar, int part) {
+  struct {
+    wchar_t text[512];
+  } buffer = {};
+  return SendRemote(bar, SB_GETTEXTW, part, buffer) ? std::wstring(buffer.text) : L"?";
 }
 
 class HostProcess {
@@ -73,6 +131,19 @@ public:
     if (::WaitForSingleObject(process.hProcess, 30000) == WAIT_OBJECT_0)
       ::GetExitCodeProcess(process.hProcess, &code);
     return code;
+  }
+
+  // Closes the window as its close box does; the exit status.
+  DWORD Close() {
+    ::PostMessageW(frame, WM_CLOSE, 0, 0);
+    return Wait();
+  }
+
+  // The text pane of a column of a two-file tool: splitter, pane, then its
+  // child of the same identifier.
+  HWND ColumnPane(int column) const {
+    HWND pane = ::GetDlgItem(::GetDlgItem(frame, AFX_IDW_PANE_FIRST), AFX_IDW_PANE_FIRST + column);
+    return ::GetDlgItem(pane, AFX_IDW_PANE_FIRST + column);
   }
 
   // A program beside the running test program.

@@ -5,7 +5,9 @@
 #include "afx/afx.h"
 
 #include <filesystem>
+#include <fstream>
 #include <random>
+#include <sstream>
 #include <string>
 
 namespace vn {
@@ -44,6 +46,14 @@ inline std::filesystem::path FsPath(const CString& p) {
       c = '/';
   return std::filesystem::path(s);
 #endif
+}
+
+// The whole content of a file; empty when it can't be read.
+inline std::string ReadBytes(const std::filesystem::path& path) {
+  std::ifstream in(path, std::ios::binary);
+  std::stringstream bytes;
+  bytes << in.rdbuf();
+  return bytes.str();
 }
 
 #ifdef _WIN32

@@ -276,14 +276,3 @@ TEST(VnComparePropertiesTest, WithoutDiscardingAndShiftingTheScriptIsMinimal) {
     ASSERT_TRUE(UnchangedLinesPairUp(changes, *source.arg, *target.arg, f)) << Describe(in, f, false);
   }
 }
-
-TEST(VnComparePropertiesTest, ComparingALineSetWithItselfGivesNothing) {
-  std::mt19937 rng(99);
-  for (int round = 0; round < 200; ++round) {
-    std::vector<std::string> lines = RandomLines(rng, kFlagPool, 20);
-    LineSet a = Build(lines, false, true);
-    LineSet b = Build(lines, false, true);
-    const Flags& f = kAllFlags[round % 8];
-    EXPECT_EQ("", vn::test::CompareText(a, b, f.ws, f.ic, f.le)) << Describe({lines, lines}, f, false);
-  }
-}

@@ -159,34 +159,27 @@ TEST(VnLineIdentityTest, WideCaseFoldingUsesTheWideRules) {
   EXPECT_FALSE(Equal("\xC9", "\xE9", ic));
 }
 
-TEST(VnLineIdentityTest, ClassesFollowFirstAppearance) {
+// Classes are numbered as lines first appear; lines whose hashes collide
+// are tried against each founder in the chain and stay apart.
+TEST(VnLineIdentityTest, ClassesFollowFirstAppearanceAndCollisionsStaySeparate) {
   const CVnLineFlags none = LineFlags(false, false, false);
-  std::string texts[] = {"a", "b", "a", "c", "b"};
-  CVnDiffLine lines[5];
-  CVnLineSlot slots[5];
-  for (int i = 0; i < 5; ++i) {
-    lines[i] = Line(texts[i]);
-    slots[i] = {&lines[i], i, VnHashLine(lines[i], none)};
+  for (bool collide : {false, true}) {
+    std::string texts[] = {"a", "b", "a", "c", "b"};
+    CVnDiffLine lines[5];
+    CVnLineSlot slots[5];
+    for (int i = 0; i < 5; ++i) {
+      lines[i] = Line(texts[i]);
+      const uint32_t hash = VnHashLine(lines[i], none);
+      if (collide)
+        lines[i].SetHash(77);
+      slots[i] = {&lines[i], i, collide ? 77u : hash};
+    }
+    CVnClassTable table(10, none);
+    int32_t expected[] = {1, 2, 1, 3, 2};
+    for (int i = 0; i < 5; ++i)
+      EXPECT_EQ(expected[i], table.ClassOf(slots[i])) << i << (collide ? " colliding" : "");
+    EXPECT_EQ(4, table.Count());
   }
-  CVnClassTable table(10, none);
-  int32_t expected[] = {1, 2, 1, 3, 2};
-  for (int i = 0; i < 5; ++i)
-    EXPECT_EQ(expected[i], table.ClassOf(slots[i])) << i;
-  EXPECT_EQ(4, table.Count());
-}
-
-TEST(VnLineIdentityTest, HashCollisionsStaySeparateClasses) {
-  const CVnLineFlags none = LineFlags(false, false, false);
-  std::string x = "xx", y = "yy", z = "xx";
-  CVnDiffLine lx = Line(x), ly = Line(y), lz = Line(z);
-  CVnLineSlot sx = {&lx, 0, 77}, sy = {&ly, 1, 77}, sz = {&lz, 2, 77};
-  lx.SetHash(77);
-  ly.SetHash(77);
-  lz.SetHash(77);
-  CVnClassTable table(8, none);
-  EXPECT_EQ(1, table.ClassOf(sx));
-  EXPECT_EQ(2, table.ClassOf(sy));
-  EXPECT_EQ(1, table.ClassOf(sz));  // tried against each founder in the chain
 }
 
 TEST(VnLineIdentityTest, FullPoolThrowsTheLastVisitedNode) {

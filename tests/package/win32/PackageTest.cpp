@@ -31,28 +31,6 @@ void Write(const CString& path, const char* text) {
   std::ofstream(vn::test::FsPath(path), std::ios::binary) << text;
 }
 
-// A program started with its arguments, and its first visible top-level
-// window that is not a dialog.
-struct Program : vn::test::HostProcess {
-  Program(const std::wstring& path, const std::wstring& arguments) : HostProcess(path, arguments) {}
-  // Closes the window as its close box does; the exit status, 99 if the
-  // program did not end.
-  DWORD Close() {
-    ::PostMessageW(frame, WM_CLOSE, 0, 0);
-    return Wait();
-  }
-  // The text pane of a column: splitter, pane, then its child of the same id.
-  HWND TextPane(int column) const {
-    HWND splitter = ::GetDlgItem(frame, AFX_IDW_PANE_FIRST);
-    HWND pane = ::GetDlgItem(splitter, AFX_IDW_PANE_FIRST + column);
-    return ::GetDlgItem(pane, AFX_IDW_PANE_FIRST + column);
-  }
-};
-
-std::wstring Quoted(const CString& a, const CString& b) {
-  return L"\"" + std::wstring(a.GetString()) + L"\" \"" + b.GetString() + L"\"";
-}
-
 TEST(PackageTest, SampleHostShowsTheLibrarysRowsAndCountsAndClosesOnWmClose) {
   vn::test::ScratchDir dir;
   const CString oldPath = dir.Path() + L"old.txt", newPath = dir.Path() + L"new.txt";
@@ -60,7 +38,7 @@ TEST(PackageTest, SampleHostShowsTheLibrarysRowsAndCountsAndClosesOnWmClose) {
   Write(newPath, "one\r\nTWO\r\nthree\r\nfive\r\nsix\r\nseven\r\neight\r\n");
   ::RegDeleteTreeW(HKEY_CURRENT_USER, L"Software\\VnReconcile\\minimal-compare");
 
-  Program sample(Given("VN_PACKAGE_SAMPLE"), Quoted(oldPath, newPath));
+  vn::test::HostProcess sample(Given("VN_PACKAGE_SAMPLE"), vn::test::Quoted(oldPath, newPath));
   ASSERT_TRUE(sample.frame) << "the sample host showed no window";
   EXPECT_NE(std::wstring::npos, vn::test::WindowText(sample.frame).find(oldPath.GetString()));
 
@@ -70,8 +48,8 @@ TEST(PackageTest, SampleHostShowsTheLibrarysRowsAndCountsAndClosesOnWmClose) {
   ASSERT_TRUE(comparison.Open(CVnComparison::Source, oldPath) && comparison.Open(CVnComparison::Target, newPath));
   comparison.Compare();
   const std::vector<CVnAlignedRow> rows = comparison.GetRows();
-  std::vector<std::wstring> left = vn::test::ControlRows(sample.TextPane(0));
-  std::vector<std::wstring> right = vn::test::ControlRows(sample.TextPane(1));
+  std::vector<std::wstring> left = vn::test::ControlRows(sample.ColumnPane(0));
+  std::vector<std::wstring> right = vn::test::ControlRows(sample.ColumnPane(1));
   ASSERT_GE(left.size(), rows.size());
   ASSERT_EQ(left.size(), right.size());
   auto line = [&](CVnComparison::Side side, long n) {
@@ -102,9 +80,10 @@ TEST(PackageTest, UnpackedCompareToolStartsWithTheZipsOwnDll) {
   const CString oldPath = dir.Path() + L"old.txt", newPath = dir.Path() + L"new.txt";
   Write(oldPath, "same\r\n");
   Write(newPath, "same\r\n");
-  Program tool(Given("VN_PACKAGE_ROOT") + L"\\bin\\vncompare.exe", L"--headless " + Quoted(oldPath, newPath));
+  vn::test::HostProcess tool(Given("VN_PACKAGE_ROOT") + L"\\bin\\vncompare.exe",
+                             L"--headless " + vn::test::Quoted(oldPath, newPath));
   ASSERT_TRUE(tool.frame) << "vncompare.exe from the zip showed no window";
-  EXPECT_EQ(std::vector<std::wstring>({L"same", L""}), vn::test::ControlRows(tool.TextPane(1)));
+  EXPECT_EQ(std::vector<std::wstring>({L"same", L""}), vn::test::ControlRows(tool.ColumnPane(1)));
   EXPECT_EQ(0u, tool.Close()) << "equal files end with status 0";
 }
 

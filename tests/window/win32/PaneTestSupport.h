@@ -7,7 +7,9 @@
 #define VN_TESTS_WINDOW_WIN32_PANETESTSUPPORT_H
 
 #include "afx/win32/CWnd.h"
+#include "compare/VnComparison.h"
 #include "engine/VnDiffArg.h"
+#include "options/VnDisplayOptions.h"
 #include "window/VnLineNumPane.h"
 #include "window/VnPaneWnd.h"
 #include "window/VnRichEditPane.h"
@@ -15,6 +17,7 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <string>
 #include <utility>
 #include <vector>
@@ -51,6 +54,14 @@ inline std::wstring Rows(CVnRichEditPane& edit) {
 inline std::wstring Text(std::wstring rows) {
   for (size_t at; (at = rows.find(L'|')) != std::wstring::npos;)
     rows.replace(at, 1, L"\r\n");
+  return rows;
+}
+
+// The rows prefix+first, prefix+(first+1), ... joined by '|'.
+inline std::wstring CountedRows(int count, const wchar_t* prefix = L"", int first = 1) {
+  std::wstring rows;
+  for (int k = first; k < first + count; ++k)
+    rows += (k > first ? L"|" : L"") + (prefix + std::to_wstring(k));
   return rows;
 }
 
@@ -219,6 +230,47 @@ inline std::pair<long, long> Selection(CRichEditCtrl& edit) {
   long start = 0, end = 0;
   edit.GetSel(start, end);
   return {start, end};
+}
+
+// The host's walk over the records of Compare, on two panes holding the
+// files (rich edit panes or pane windows): each record colours its lines on
+// the side(s) it has in the default replace, delete or insert format, and
+// pads the shorter side below them with blank rows; where an insertion or a
+// deletion falls on the other side comes from the comparison's spans.
+// Gives each side's rows up to its last line: the 1-based line shown there,
+// 0 for padding.
+template <class Pane>
+std::array<std::vector<int>, 2> AlignAsAHost(Pane* (&panes)[2], const CVnDiffChangeList& changes,
+                                             const long (&lineCounts)[2]) {
+  CVnOptionState formats;
+  std::array<std::vector<int>, 2> rows;
+  const std::vector<CVnChangeSpan> spans = VnChangeSpans(changes, false);
+  EXPECT_EQ(static_cast<size_t>(changes.GetSize()), spans.size());
+  long done[2] = {0, 0};
+  for (size_t k = 0; k < spans.size(); ++k) {
+    const CVnDiffChange::Action action = changes[static_cast<INT_PTR>(k)]->GetAction();
+    const long start[2] = {spans[k].m_nSourceBegin, spans[k].m_nTargetBegin};
+    const long count[2] = {spans[k].m_nSourceCount, spans[k].m_nTargetCount};
+    const CHARFORMATW* format[2] = {&formats.GetReplaceCharFormat(), &formats.GetReplaceCharFormat()};
+    if (action == CVnDiffChange::Delete)
+      format[0] = &formats.GetDeleteCharFormat();
+    if (action == CVnDiffChange::Insert)
+      format[1] = &formats.GetInsertCharFormat();
+    for (int side = 0; side < 2; ++side) {
+      for (; done[side] < start[side] + count[side]; rows[side].push_back(static_cast<int>(++done[side]))) {
+      }
+      const int end = static_cast<int>(rows[side].size()) + 1, gap = static_cast<int>(count[1 - side] - count[side]);
+      if (count[side] > 0)
+        panes[side]->ColorSelection(end - static_cast<int>(count[side]), end - 1, *format[side]);
+      if (gap > 0)
+        panes[side]->InsertBlankLines(end, gap, 0, 0);
+      rows[side].insert(rows[side].end(), static_cast<size_t>(gap > 0 ? gap : 0), 0);
+    }
+  }
+  for (int side = 0; side < 2; ++side)
+    for (; done[side] < lineCounts[side]; rows[side].push_back(static_cast<int>(++done[side]))) {
+    }
+  return rows;
 }
 
 // A line set over 16-bit text, which must outlive it.

@@ -18,10 +18,9 @@
 
 #include "PrintDialogs.h"
 #include "PaneTestSupport.h"
+#include "TestSupport.h"
 
 #include <atomic>
-#include <fstream>
-#include <sstream>
 #include <string>
 #include <vector>
 
@@ -92,13 +91,6 @@ inline std::wstring TempPath(const wchar_t* name) {
   std::wstring path = std::wstring(dir) + name;
   ::DeleteFileW(path.c_str());
   return path;
-}
-
-inline std::string ReadWholeFile(const std::wstring& path) {
-  std::ifstream in(path.c_str(), std::ios::binary);
-  std::stringstream text;
-  text << in.rdbuf();
-  return text.str();
 }
 
 inline int CountOf(const std::string& text, const std::string& what) {

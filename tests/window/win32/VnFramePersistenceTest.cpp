@@ -50,19 +50,28 @@ TEST_F(FramePersistenceTest, ADefaultColourEqualToTheWindowLoadsAsTheWindowText)
   }
 }
 
-TEST_F(FramePersistenceTest, AFrameClosedWhileMinimisedIsStoredAsRestore) {
-  const int cases[][2] = {{SW_SHOWNORMAL, SW_SHOWNORMAL}, {SW_SHOWMINIMIZED, SW_RESTORE}, {SW_SHOWMAXIMIZED, SW_SHOWMAXIMIZED}};
+// Closing saves the options of a visible frame only; one closed while
+// minimised is stored as restored.
+TEST_F(FramePersistenceTest, ClosingStoresAVisibleFrameAndAMinimisedOneAsRestore) {
+  const DWORD kNone = 0xDEADBEEF;
+  const DWORD cases[][2] = {
+      {SW_HIDE, kNone}, {SW_SHOWNORMAL, SW_SHOWNORMAL}, {SW_SHOWMINIMIZED, SW_RESTORE}, {SW_SHOWMAXIMIZED, SW_SHOWMAXIMIZED}};
   for (const auto& c : cases) {
     TestFrame frame;
     ASSERT_TRUE(frame.Make(false));
-    frame.ShowWindow(c[0]);
+    frame.ShowWindow(static_cast<int>(c[0]));
     frame.SendMessage(WM_CLOSE);
-    EXPECT_EQ(static_cast<DWORD>(c[1]), GetDword(L"Display", L"WndPlcmntShow")) << c[0];
+    EXPECT_EQ(nullptr, frame.m_hWnd);
+    EXPECT_EQ(c[1] == kNone ? Log{} : Log{"save"}, frame.m_log) << c[0];
+    EXPECT_EQ(c[1], GetDword(L"Display", L"WndPlcmntShow")) << c[0];
+    EXPECT_EQ(c[1] == kNone ? kNone : 4u, GetDword(L"DisplayOptions", L"TabSize")) << c[0];
   }
 }
 
 // What one frame writes the next reads back: a flag stored as 5 counts as
-// set and comes back as 1; a coordinate off the screen comes back as it was.
+// set and comes back as 1; a coordinate off the screen comes back as it
+// was; a stored 0 turns the merged-file editor's constructor 1 off, and the
+// editor comes back as it was written.
 TEST_F(FramePersistenceTest, TheValuesOneFrameWritesTheNextReadsBack) {
   PutDword(L"Display", L"WndPlcmntLeft", static_cast<DWORD>(-20));
   PutDword(L"DisplayOptions", L"FontHeight", 260);
@@ -70,12 +79,16 @@ TEST_F(FramePersistenceTest, TheValuesOneFrameWritesTheNextReadsBack) {
   PutDword(L"DisplayOptions", L"DisplayToolBar", 0);
   PutDword(L"ColorOptions", L"Default", 0x010203);
   PutDword(L"ColorOptions", L"Insert", 0x040506);
-  TestFrame first, second;
-  ASSERT_TRUE(first.Make(false) && second.Make(false));
+  PutDword(L"MergeOptions", L"EditMergedFile", 0);
+  TestFrame first, second, third;
+  ASSERT_TRUE(first.Make(false) && second.Make(false) && third.Make(false));
   ASSERT_EQ(7, first.DiffAndDisplay());
   EXPECT_EQ(5, first.GetDisplayOptions().GetDisplayDiffOnly());
+  EXPECT_EQ(0, first.m_bEditMergedFile);
+  first.m_strEditor = L"\"C:\\Tools\\ed.exe\" -n";
   FrameTestApp::Clear();
   first.SendMessage(WM_CLOSE);
+  EXPECT_EQ(0u, GetDword(L"MergeOptions", L"EditMergedFile"));
   ASSERT_EQ(7, second.DiffAndDisplay());
   const CVnDisplayOptions& read = second.GetDisplayOptions();
   EXPECT_EQ(1, read.GetDisplayDiffOnly());
@@ -84,21 +97,6 @@ TEST_F(FramePersistenceTest, TheValuesOneFrameWritesTheNextReadsBack) {
   EXPECT_EQ(0x010203u, DefaultColor(second));
   EXPECT_EQ(0x040506u, second.GetInsertCharFormat().crTextColor);
   EXPECT_EQ(-20, second.Placement().rcNormalPosition.left);
-}
-
-// The merged-file editor settings: a stored 0 turns the constructor's 1
-// off, a stored 5 counts as set; the editor comes back as it was written.
-TEST_F(FramePersistenceTest, TheMergeOptionsAreWrittenAndReadBack) {
-  PutDword(L"MergeOptions", L"EditMergedFile", 0);
-  TestFrame first, second, third;
-  ASSERT_TRUE(first.Make(false) && second.Make(false) && third.Make(false));
-  ASSERT_EQ(7, first.DiffAndDisplay());
-  EXPECT_EQ(0, first.m_bEditMergedFile);
-  first.m_strEditor = L"\"C:\\Tools\\ed.exe\" -n";
-  FrameTestApp::Clear();
-  first.SendMessage(WM_CLOSE);
-  EXPECT_EQ(0u, GetDword(L"MergeOptions", L"EditMergedFile"));
-  ASSERT_EQ(7, second.DiffAndDisplay());
   EXPECT_EQ(0, second.m_bEditMergedFile);
   EXPECT_EQ(CString(L"\"C:\\Tools\\ed.exe\" -n"), second.m_strEditor);
   PutDword(L"MergeOptions", L"EditMergedFile", 5);

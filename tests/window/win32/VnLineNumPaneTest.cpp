@@ -10,6 +10,7 @@
 #include <functional>
 #include <string>
 
+using vn::test::CountedRows;
 using vn::test::HostedPane;
 using vn::test::Rows;
 
@@ -22,13 +23,6 @@ struct CountingColumn : CVnLineNumPane {
 
 CountingColumn& Counting(HostedPane<>& p) { return static_cast<CountingColumn&>(p.Numbers()); }
 
-std::wstring Numbers(int count) {
-  std::wstring rows;
-  for (int k = 1; k <= count; ++k)
-    rows += (k > 1 ? L"|" : L"") + std::to_wstring(k);
-  return rows;
-}
-
 // The reserved length is the exact length of the text, terminators
 // between the rows and none behind the last; for no rows there is nothing
 // to reserve.  The digits of 0 are those of the line count.
@@ -40,7 +34,7 @@ TEST(VnLineNumPaneDisplayLineNumbers, WritesOneRowANumberAndReservesItsExactLeng
     HostedPane<> p;
     p.Numbers().SetWindowText(L"old");
     p.Numbers().DisplayLineNumbers(c.count);
-    EXPECT_EQ(c.count ? Numbers(c.count) : L"", Rows(p.Numbers())) << c.count;
+    EXPECT_EQ(CountedRows(c.count), Rows(p.Numbers())) << c.count;
     EXPECT_EQ(c.length, Counting(p).CalcTextLength(c.count)) << c.count;
     EXPECT_EQ(c.length, p.Numbers().GetWindowTextLength()) << c.count;
     EXPECT_EQ(static_cast<int>(std::to_string(c.count).size()), p.Numbers().GetMaxDigits(0)) << c.count;

@@ -87,14 +87,15 @@ protected:
 }  // namespace
 
 // On OK each change sets off its own work once, in the order display,
-// colours, compare; nothing else runs.
-TEST_F(OptionsSheetTest, OkSetsOffExactlyTheWorkOfWhatChanged) {
+// colours, compare; nothing else runs.  Cancel changes nothing.
+TEST_F(OptionsSheetTest, OkSetsOffExactlyTheWorkOfWhatChangedAndCancelNothing) {
   const struct {
     const char* what;
     std::function<void(HWND)> act;
     std::function<bool(const Log&)> expect;
+    int button;
   } cases[] = {
-      {"nothing changed", [](HWND) {}, [](const Log& log) { return log.empty(); }},
+      {"nothing changed", [](HWND) {}, [](const Log& log) { return log.empty(); }, IDOK},
       {"font and colour",
        [](HWND s) {
          ChooseFontSize(s, L"12", L"options-font.png");
@@ -103,24 +104,34 @@ TEST_F(OptionsSheetTest, OkSetsOffExactlyTheWorkOfWhatChanged) {
        [](const Log& log) {
          return log.size() >= 2 && log.front().rfind("font 240 ", 0) == 0 && log.back() == "redisplay" &&
                 std::count(log.begin(), log.end(), "redisplay") == 1;
-       }},
+       },
+       IDOK},
       {"differences only and a colour",
        [](HWND s) {
          SetItemCheck(ShowPage(s, Display), kDiffOnly, true);
          PressButton(ShowPage(s, Color), kDefaultColors);
        },
-       [](const Log& log) { return log == Log{"redisplay", "redisplay"}; }},
+       [](const Log& log) { return log == Log{"redisplay", "redisplay"}; }, IDOK},
       {"both compare options",
        [](HWND s) {
          HWND page = ShowPage(s, Compare);
          SetItemCheck(page, kIgnoreCase, true);
          SetItemCheck(page, kIgnoreWhitespace, true);
        },
-       [](const Log& log) { return log == Log{"recompare"}; }},
+       [](const Log& log) { return log == Log{"recompare"}; }, IDOK},
+      {"default colours and a tab size, cancelled",
+       [](HWND s) {
+         PressButton(ShowPage(s, Color), kDefaultColors);
+         SetItemText(ShowPage(s, Display), kTabSize, L"7");
+       },
+       [this](const Log& log) {
+         return log.empty() && Replace() == 0x222222u && m_frame.GetDisplayOptions().GetTabSize() == 4u;
+       },
+       IDCANCEL},
   };
   for (const auto& c : cases) {
     SetUp();
-    ASSERT_TRUE(Run(0, [&](HWND s) { c.act(s), PressButton(s, IDOK); })) << c.what;
+    ASSERT_TRUE(Run(0, [&](HWND s) { c.act(s), PressButton(s, c.button); })) << c.what;
     EXPECT_TRUE(c.expect(m_frame.m_log)) << c.what << ": " << ::testing::PrintToString(m_frame.m_log);
     EXPECT_EQ(1, m_frame.m_bEditMergedFile) << c.what;
     EXPECT_EQ(CString(L"NOTEPAD.EXE"), m_frame.m_strEditor) << c.what;
@@ -146,17 +157,6 @@ TEST_F(OptionsSheetTest, TheReducedSheetHasTwoTabsAndKeepsDifferencesOnly) {
   EXPECT_EQ(2, tabs);
   EXPECT_FALSE(boxShown);
   EXPECT_EQ(1, m_frame.GetDisplayOptions().GetDisplayDiffOnly());
-  EXPECT_TRUE(m_frame.m_log.empty());
-}
-
-TEST_F(OptionsSheetTest, DefaultColorsThenCancelChangesNothing) {
-  ASSERT_TRUE(Run(0, [](HWND s) {
-    PressButton(ShowPage(s, Color), kDefaultColors);
-    SetItemText(ShowPage(s, Display), kTabSize, L"7");
-    PressButton(s, IDCANCEL);
-  }));
-  EXPECT_EQ(0x222222u, Replace());
-  EXPECT_EQ(4u, m_frame.GetDisplayOptions().GetTabSize());
   EXPECT_TRUE(m_frame.m_log.empty());
 }
 

@@ -61,43 +61,6 @@ struct SideBySide {
   CVnRichEditPane& Right() { return right.Edit(); }
 };
 
-// One side of the host's walk: the pane, the blank rows added so far and
-// where they went (1-based rows).
-struct Side {
-  CVnRichEditPane& edit;
-  long added = 0;
-  std::set<int> padding;
-};
-
-// The host's walk: each record colours its lines on the side(s) it has and
-// pads the shorter side below them with blank rows.  Where an insert or a
-// delete falls on the other side comes from the comparison's spans.
-void Align(Side (&sides)[2], const CVnDiffChangeList& changes, const CVnOptionState& formats) {
-  const std::vector<CVnChangeSpan> spans = VnChangeSpans(changes, false);
-  ASSERT_EQ(static_cast<size_t>(changes.GetSize()), spans.size());
-  for (size_t k = 0; k < spans.size(); ++k) {
-    const CVnDiffChange::Action action = changes[static_cast<INT_PTR>(k)]->GetAction();
-    const long start[2] = {spans[k].m_nSourceBegin + 1, spans[k].m_nTargetBegin + 1};
-    const long count[2] = {spans[k].m_nSourceCount, spans[k].m_nTargetCount};
-    const CHARFORMATW* format[2] = {&formats.GetReplaceCharFormat(), &formats.GetReplaceCharFormat()};
-    if (action == CVnDiffChange::Delete)
-      format[0] = &formats.GetDeleteCharFormat();
-    if (action == CVnDiffChange::Insert)
-      format[1] = &formats.GetInsertCharFormat();
-    for (int side = 0; side < 2; ++side) {
-      Side& s = sides[side];
-      int row = static_cast<int>(start[side] + s.added), end = row + static_cast<int>(count[side]);
-      if (count[side] > 0)
-        s.edit.ColorSelection(row, end - 1, *format[side]);
-      int gap = static_cast<int>(count[1 - side] - count[side]);
-      if (gap > 0)
-        s.added += s.edit.InsertBlankLines(end, gap, 0, 0);
-      for (int r = end; r < end + gap; ++r)
-        s.padding.insert(r);
-    }
-  }
-}
-
 std::vector<std::wstring> FileLines(const CVnDiffArg& arg) {
   std::vector<std::wstring> lines;
   for (int k = 0; k < arg.GetLineCount(); ++k) {
@@ -111,16 +74,16 @@ std::vector<std::wstring> FileLines(const CVnDiffArg& arg) {
   return lines;
 }
 
-std::vector<std::wstring> RowsWithout(CVnRichEditPane& edit, const std::set<int>& padding) {
-  std::vector<std::wstring> rows;
+// The rows of a pane that are no padding.
+std::vector<std::wstring> RowsWithout(CVnRichEditPane& edit, const std::vector<int>& rows) {
+  std::vector<std::wstring> shown;
   for (int line = 0; line < edit.GetLineCount(); ++line) {
-    if (padding.count(line + 1))
-      continue;
     CString text;
     edit.GetPaneLine(line, text);
-    rows.push_back(text.GetString());
+    if (static_cast<size_t>(line) >= rows.size() || rows[static_cast<size_t>(line)])
+      shown.push_back(text.GetString());
   }
-  return rows;
+  return shown;
 }
 
 TEST(VnPaneDemo, EqualLinesStandLevelAndChangesShowInTheDefaultFormats) {
@@ -133,14 +96,15 @@ TEST(VnPaneDemo, EqualLinesStandLevelAndChangesShowInTheDefaultFormats) {
   panes.left.Fill(kSource, L"\r\n");  // neither file has a '|' for Fill to take as a break
   panes.right.Fill(kTarget, L"\r\n");
   CVnOptionState formats;
-  Side sides[2] = {{panes.Left(), 0, {}}, {panes.Right(), 0, {}}};
-  Align(sides, changes, formats);
+  CVnRichEditPane* edits[2] = {&panes.Left(), &panes.Right()};
+  const std::array<std::vector<int>, 2> rows =
+      vn::test::AlignAsAHost(edits, changes, {source.arg.GetLineCount(), target.arg.GetLineCount()});
 
   // Both sides have one row for each aligned row.
   ASSERT_EQ(panes.Left().GetLineCount(), panes.Right().GetLineCount());
   // Take the padding away and each side is its file again.
-  EXPECT_EQ(FileLines(source.arg), RowsWithout(panes.Left(), sides[0].padding));
-  EXPECT_EQ(FileLines(target.arg), RowsWithout(panes.Right(), sides[1].padding));
+  EXPECT_EQ(FileLines(source.arg), RowsWithout(panes.Left(), rows[0]));
+  EXPECT_EQ(FileLines(target.arg), RowsWithout(panes.Right(), rows[1]));
 
   // Row by row: uncoloured text stands beside the same text; a deleted or
   // inserted line stands beside a padding row.
@@ -153,9 +117,9 @@ TEST(VnPaneDemo, EqualLinesStandLevelAndChangesShowInTheDefaultFormats) {
     vn::test::LineFormat format[2];
     CString text[2];
     for (int side = 0; side < 2; ++side) {
-      pad[side] = sides[side].padding.count(row) != 0;
-      format[side] = FormatOfLine(sides[side].edit, row);
-      sides[side].edit.GetPaneLine(row - 1, text[side]);
+      pad[side] = static_cast<size_t>(row) <= rows[side].size() && !rows[side][static_cast<size_t>(row - 1)];
+      format[side] = FormatOfLine(*edits[side], row);
+      edits[side]->GetPaneLine(row - 1, text[side]);
       if (!pad[side])
         seen.insert(format[side].color);
     }

@@ -1,11 +1,9 @@
 // VnPaneWndTest.cpp - a pane of the component's own making: its caption and
 // children, their layout, the rows of the number column beside the text's,
 // and the number column following the text.
-#include "PaneTestSupport.h"
+#include "SplitterTestSupport.h"
 
 #include "window/VnPaneMessages.h"
-#include "window/VnReconcileFrame.h"
-#include "window/VnRichEditSplitterWnd.h"
 
 #include <commctrl.h>
 
@@ -178,20 +176,13 @@ TEST(VnPaneWndSetDefaultText, TakesALineOfOneMegabyteWhole) {
   EXPECT_EQ(L"1", Rows(p.Numbers()));
 }
 
-std::wstring NumberedRows(int count) {
-  std::wstring rows;
-  for (int k = 1; k <= count; ++k)
-    rows += (k > 1 ? L"|" : L"") + std::to_wstring(k);
-  return rows;
-}
-
 // Whatever the text pane makes of a scroll message, the number column
 // comes to the same first line, also when it has no width; the return to
 // the beginning brings both to the top.
 TEST(VnPaneWndScroll, NumberColumnFollowsEveryVerticalMovement) {
   for (int width : {40, 0}) {
     HostedPane<> p;
-    p.Load(NumberedRows(200));
+    p.Load(vn::test::CountedRows(200));
     p.pane.SendMessage(WM_PANE_RESIZEINTERNALPANES, 0, width);
     struct Move {
       UINT message, code, pos;
@@ -214,7 +205,7 @@ TEST(VnPaneWndScroll, NumberColumnFollowsEveryVerticalMovement) {
 TEST(VnPaneWndSynchronize, SelectionChangeBringsTheNumberColumnToTheTextsLine) {
   for (bool visible : {true, false}) {
     HostedPane<> p;
-    p.Load(NumberedRows(200));
+    p.Load(vn::test::CountedRows(200));
     p.pane.SendMessage(WM_PANE_RESIZEINTERNALPANES, 0, 40);
     EXPECT_EQ(nullptr, p.pane.GetParentFrame());
     p.TextPane().LineScroll(100);  // the control tells no one
@@ -229,16 +220,8 @@ TEST(VnPaneWndSynchronize, SelectionChangeBringsTheNumberColumnToTheTextsLine) {
 
 // The least frame: nothing of its own to compare or show, and a tab size of
 // its own, which the panes below it are to read.
-class Frame : public CVnReconcileFrame {
-public:
+struct Frame : vn::test::SplitterFrame {
   Frame() { m_DisplayOptions.SetTabSize(7); }
-  int CanFind() override { return 1; }
-
-protected:
-  int SetupStatusBar() override { return 1; }
-  int SetupToolBar() override { return 1; }
-  int DoDiff() override { return 1; }
-  int DoDisplay() override { return 1; }
 };
 
 // A pane reaches its frame through at most two splitters; below a third

@@ -71,18 +71,6 @@ TEST_F(FrameTest, OnCreateFailsWhenAHostBarSetupFails) {
   }
 }
 
-TEST_F(FrameTest, ClosingSavesTheOptionsOfAVisibleFrameOnly) {
-  for (bool visible : {false, true}) {
-    TestFrame frame;
-    ASSERT_TRUE(frame.Make());
-    frame.ShowWindow(visible ? SW_SHOWNORMAL : SW_HIDE);
-    frame.SendMessage(WM_CLOSE);
-    EXPECT_EQ(nullptr, frame.m_hWnd);
-    EXPECT_EQ(visible ? Log{"save"} : Log{}, frame.m_log);
-    EXPECT_EQ(visible ? 4u : 0xDEADBEEF, GetDword(L"DisplayOptions", L"TabSize"));
-  }
-}
-
 // With the focus outside this frame's text panes Find says why it does
 // nothing and Find Next is silent; Copy follows any text pane's selection.
 TEST_F(FrameTest, FindAsksForATextPaneWhileFindNextShowsNothing) {

@@ -32,13 +32,6 @@ void SetPaneFont(PaneWindows& windows, LONG twips, unsigned tabSize = 4) {
   windows.Pane().SetDisplayOptions(options);
 }
 
-std::wstring NumberedRows(int count) {
-  std::wstring rows;
-  for (int k = 0; k < count; ++k)
-    rows += (k ? L"|line " : L"line ") + std::to_wstring(k);
-  return rows;
-}
-
 //===-- Rows -----------------------------------------------------------------===//
 
 TEST(VnRichEditPaneGetVisibleLineCount, CountsWholeRowsOfThePaneFontInTheClientArea) {
@@ -47,7 +40,7 @@ TEST(VnRichEditPaneGetVisibleLineCount, CountsWholeRowsOfThePaneFontInTheClientA
     SCOPED_TRACE(testing::Message() << c.height << " " << c.twips);
     PaneWindows windows(true, 400, c.height);
     SetPaneFont(windows, c.twips);
-    windows.Fill(NumberedRows(80));
+    windows.Fill(CountedRows(80, L"line ", 0));
     CVnRichEditPane& edit = windows.Edit();
     // The control lays its rows out in the same font: their spacing is the
     // row height the count divides by.

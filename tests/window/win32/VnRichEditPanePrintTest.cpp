@@ -17,41 +17,39 @@ namespace {
 
 const wchar_t kAppName[] = L"Vn Reconcile Test";
 
-std::wstring NumberedRows(int count, const wchar_t* prefix = L"row ") {
-  std::wstring rows;
-  for (int i = 1; i <= count; ++i)
-    rows += (i > 1 ? L"|" : L"") + (prefix + std::to_wstring(i));
-  return rows;
-}
-
 //===-- The combined text --------------------------------------------------===//
 
 struct CombineCase {
   const char* shows;
   std::wstring left, right;
   std::wstring combined;  // rows joined by '|', the second header's line first
+  int selected;           // the right pane's selection runs from inside this row into the next; -1 none
 };
 
-TEST(CombineForPrint, RowsStandSideBySideInTheLeftColumnsWidth) {
+// The rows selected in the right pane are selected in the combined text,
+// two lines further down for the headers.
+TEST(CombineForPrint, RowsStandSideBySideInTheLeftColumnsWidthAndKeepTheRightPanesSelection) {
   const CombineCase cases[] = {
-      {"equal counts", L"a|bb|ccc", L"x|y|z", L"H2|H1|a   x|bb  y|ccc z|"},
-      {"a longer right side: empty left rows keep the width", L"abc", L"1|2|3", L"H2|H1|abc 1|    2|    3|"},
-      {"a longer left side: empty right rows", L"a|b|c", L"1", L"H2|H1|a 1|b |c |"},
-      {"an empty left pane: every row starts with one blank", L"", L"one|two", L"H2|H1| one| two|"},
-      {"a tab counts as one character", L"\tx|y", L"r|s", L"H2|H1|\tx r|y  s|"},
+      {"equal counts", L"a|bb|ccc", L"x|y|z", L"H2|H1|a   x|bb  y|ccc z|", -1},
+      {"a longer right side: empty left rows keep the width", L"abc", L"1|2|3", L"H2|H1|abc 1|    2|    3|", -1},
+      {"a longer left side: empty right rows", L"a|b|c", L"1", L"H2|H1|a 1|b |c |", -1},
+      {"an empty left pane: every row starts with one blank", L"", L"one|two", L"H2|H1| one| two|", -1},
+      {"a tab counts as one character", L"\tx|y", L"r|s", L"H2|H1|\tx r|y  s|", -1},
+      {"rows 3 and 4 selected", L"a|b|c|d|e", L"v|w|xx|yy|z", L"H2|H1|a v|b w|c xx|d yy|e z|", 2},
   };
   for (const CombineCase& c : cases) {
     SCOPED_TRACE(c.shows);
     PaneWindows left, right, print;
     left.Fill(c.left, L"\r\n");
     right.Fill(c.right, L"\r\n");
+    if (c.selected >= 0)
+      right.Edit().SetSel(right.Edit().LineIndex(c.selected) + 1, right.Edit().LineIndex(c.selected + 1) + 1);
     print.Pane().SetLineTerminator(L"\r\n");
     print.Edit().CombineForPrint(&left.Edit(), &right.Edit(), L"H1", L"H2", print.Pane().GetDefaultCharFormat());
     EXPECT_EQ(c.combined, Rows(print.Edit()));
-    long start = -1, end = -1;
-    print.Edit().GetSel(start, end);
-    EXPECT_EQ(0, start);
-    EXPECT_EQ(0, end) << "nothing selected in the right pane selects nothing";
+    const std::pair<long, long> expected(c.selected < 0 ? 0 : print.Edit().LineIndex(c.selected + 2),
+                                         c.selected < 0 ? 0 : print.Edit().LineIndex(c.selected + 4));
+    EXPECT_EQ(expected, Selection(print.Edit())) << "from the start of the first row to the start of the row after";
   }
 }
 
@@ -86,21 +84,6 @@ TEST(CombineForPrint, StrikesTheRowsOfDeletedLinesOnly) {
   }
 }
 
-// The rows selected in the right pane are selected in the combined text,
-// two lines further down for the headers.
-TEST(CombineForPrint, CarriesTheRightPanesSelectedRows) {
-  PaneWindows left, right, print;
-  left.Fill(NumberedRows(6), L"\r\n");
-  right.Fill(NumberedRows(6), L"\r\n");
-  right.Edit().SetSel(right.Edit().LineIndex(2) + 1, right.Edit().LineIndex(3) + 2);  // inside rows 3 and 4
-  print.Pane().SetLineTerminator(L"\r\n");
-  print.Edit().CombineForPrint(&left.Edit(), &right.Edit(), L"H1", L"H2", print.Pane().GetDefaultCharFormat());
-  long start = -1, end = -1;
-  print.Edit().GetSel(start, end);
-  EXPECT_EQ(print.Edit().LineIndex(4), start) << "from the start of row 3";
-  EXPECT_EQ(print.Edit().LineIndex(6), end) << "to the start of the row after row 4";
-}
-
 //===-- Print jobs ---------------------------------------------------------===//
 
 // A job's results: the rows that open each printed page, in paper order,
@@ -126,7 +109,7 @@ JobResult PrintJob(BasicPaneWindows<FormattingPane>& pane, const PrintChoice& ch
     offered = dialogs.selectionOffered;
     chosen = dialogs.selectionChosen;
   }
-  return {offered, chosen, pane.Edit().m_printedRows, ReadWholeFile(output), ::IsWindowEnabled(HostWindow()) != 0,
+  return {offered, chosen, pane.Edit().m_printedRows, ReadBytes(output), ::IsWindowEnabled(HostWindow()) != 0,
           pane.Edit().m_aPageStart.GetSize()};
 }
 
@@ -148,11 +131,12 @@ TEST(OnFilePrint, PrintsThePagesAskedForInTheOrderAskedFor) {
       {"a range beyond the end stops at the last page", {2, 9}, {0, 0}, {71, 141}},
       {"a range wholly beyond the end prints nothing", {5, 6}, {0, 0}, {}},
       {"the selection: its rows only", {}, {1000, 1100}, {}},
+      {"cancelled dialogs: nothing, and no file", PrintChoice{0, 0, true}, {0, 0}, {}},
   };
   for (const JobCase& c : cases) {
     SCOPED_TRACE(c.shows);
     BasicPaneWindows<FormattingPane> pane;
-    pane.Fill(NumberedRows(200), L"\r\n");
+    pane.Fill(CountedRows(200, L"row "), L"\r\n");
     pane.Edit().SetSel(c.selection.first, c.selection.second);
     std::vector<int> expected = c.pages;
     if (c.selection.second)  // the job starts at the selected rows' first character
@@ -163,20 +147,11 @@ TEST(OnFilePrint, PrintsThePagesAskedForInTheOrderAskedFor) {
     EXPECT_EQ(selection, job.selectionChosen);
     EXPECT_EQ(expected, job.pages);
     EXPECT_EQ(static_cast<int>(expected.size()), CountOf(job.postScript, "%%Page:")) << "pages on paper";
-    EXPECT_EQ(1, CountOf(job.postScript, "%%Title: Sideview Output"));
+    EXPECT_EQ(c.choice.cancel ? 0 : 1, CountOf(job.postScript, "%%Title: Sideview Output"));
+    EXPECT_EQ(c.choice.cancel, job.postScript.empty());
     EXPECT_TRUE(job.parentEnabled);
     EXPECT_EQ(0, job.pageStarts) << "the page list is emptied after the job";
   }
-}
-
-TEST(OnFilePrint, CancelledDialogsPrintNothing) {
-  CWinApp app(kAppName);
-  BasicPaneWindows<FormattingPane> pane;
-  pane.Fill(NumberedRows(20), L"\r\n");
-  JobResult job = PrintJob(pane, PrintChoice{0, 0, true}, L"vn-print-none.ps");
-  EXPECT_TRUE(job.pages.empty());
-  EXPECT_TRUE(job.postScript.empty()) << "no file is written";
-  EXPECT_TRUE(job.parentEnabled);
 }
 
 // Cancel in the printing dialog stops the job after the page in hand.  The
@@ -184,7 +159,7 @@ TEST(OnFilePrint, CancelledDialogsPrintNothing) {
 TEST(OnFilePrint, CancelInThePrintingDialogEndsTheJob) {
   CWinApp app(kAppName);
   BasicPaneWindows<FormattingPane> pane;
-  pane.Fill(NumberedRows(7000), L"\r\n");  // 100 pages
+  pane.Fill(CountedRows(7000, L"row "), L"\r\n");  // 100 pages
   std::wstring document, port;
   JobResult job = PrintJob(pane, {}, L"vn-print-cancel.ps", [&](HWND dialog) {
     document = GetItemText(dialog, 201);
@@ -244,7 +219,7 @@ TEST(OnFilePrint, PrintsAComparisonSideBySide) {
     PrintDialogs dialogs({}, output);
     print.Edit().OnFilePrint(&HostWindow());
   }
-  std::string ps = ReadWholeFile(output);
+  std::string ps = ReadBytes(output);
   EXPECT_EQ((std::vector<int>{1, 71, 141, 211, 281}), print.Edit().m_printedRows) << "302 rows, 70 a page";
   EXPECT_EQ(5, CountOf(ps, "%%Page:"));
   EXPECT_EQ(1, CountOf(ps, "%%Title: Sideview Output"));
@@ -256,13 +231,13 @@ TEST(OnFilePrint, PrintsAComparisonSideBySide) {
 TEST(OnFilePrint, EndsWithTheControlsOwnFormatter) {
   CWinApp app(kAppName);
   PaneWindows pane;
-  pane.Fill(NumberedRows(200), L"\r\n");
+  pane.Fill(CountedRows(200, L"row "), L"\r\n");
   std::wstring output = TempPath(L"vn-print-control.ps");
   {
     PrintDialogs dialogs({}, output);
     pane.Edit().OnFilePrint(&HostWindow());
   }
-  std::string ps = ReadWholeFile(output);
+  std::string ps = ReadBytes(output);
   EXPECT_GE(CountOf(ps, "%%Page:"), 1);
   EXPECT_LE(CountOf(ps, "%%Page:"), 5) << "200 rows take a few pages, not endless empty ones";
   EXPECT_EQ(1, CountOf(ps, "%%Title: Sideview Output"));
@@ -290,7 +265,7 @@ TEST(OnFilePrint, DirectPrintingToAMissingPrinterSaysSo) {
   command.m_strPortName = L"LPT9:";
   app.m_pCmdInfo = &command;
   BasicPaneWindows<FormattingPane> pane;
-  pane.Fill(NumberedRows(20), L"\r\n");
+  pane.Fill(CountedRows(20, L"row "), L"\r\n");
   window.pane = &pane.Edit();
   ASSERT_TRUE(window.CreateEx(0, nullptr, L"", WS_CHILD, RECT{0, 0, 10, 10}, &HostWindow(), 7));
   ScriptedPrompt prompt({IDOK});

@@ -155,28 +155,24 @@ TEST(VnRichEditPaneInsertDeletedLines, DropsAFinalCarriageReturnAndNothingElse) 
   }
 }
 
-TEST(VnRichEditPaneInsertDeletedLines, ShowsTheInsertedLinesInTheFormat) {
-  WideLineSet other(L"x\r\ny\r\n");
-  PaneWindows windows;
-  windows.Fill(L"a|b", L"\r\n");
-  windows.Edit().InsertDeletedLines(other.arg, 1, 2, 2, 0, 0, ColorFormat(kRed, true));
-  ASSERT_EQ(std::wstring(L"a|x|y|b"), Rows(windows.Edit()));
-  for (int line = 1; line <= 4; ++line) {
-    bool inserted = line == 2 || line == 3;
-    auto f = FormatOfLine(windows.Edit(), line);
-    EXPECT_TRUE(f.uniformColor) << line;
-    EXPECT_EQ(inserted, f.color == kRed) << line;
-    EXPECT_EQ(inserted, f.struck) << line;
-  }
-}
-
-TEST(VnRichEditPaneInsertDeletedLines, ASourceOutsideTheLineSetFailsAfterTheLinesBeforeIt) {
+// The inserted lines show in the format given; a source outside the line
+// set fails after the lines before it went in.
+TEST(VnRichEditPaneInsertDeletedLines, ShowsTheLinesInTheFormatAndFailsAtASourceOutsideTheLineSet) {
   WideLineSet other(L"x\r\ny\r\n");
   PaneWindows windows;
   windows.Fill(L"a|b", L"\r\n");
   CVnRichEditPane& edit = windows.Edit();
+  edit.InsertDeletedLines(other.arg, 1, 2, 2, 0, 0, ColorFormat(kRed, true));
+  ASSERT_EQ(std::wstring(L"a|x|y|b"), Rows(edit));
+  for (int line = 1; line <= 4; ++line) {
+    bool inserted = line == 2 || line == 3;
+    auto f = FormatOfLine(edit, line);
+    EXPECT_TRUE(f.uniformColor) << line;
+    EXPECT_EQ(inserted, f.color == kRed) << line;
+    EXPECT_EQ(inserted, f.struck) << line;
+  }
   EXPECT_TRUE(RaisesInvalidArg([&] { edit.InsertDeletedLines(other.arg, 2, 3, 2, 0, 0, ColorFormat(kRed)); }));
-  EXPECT_EQ(std::wstring(L"a|y|b"), Rows(windows.Edit()));
+  EXPECT_EQ(std::wstring(L"a|y|x|y|b"), Rows(edit));
 }
 
 //===-- Inserting, deleting and replacing one line at a time -----------------===//
@@ -279,17 +275,6 @@ TEST(VnRichEditPaneSelectLines, SelectsFromALineToTheStartOfTheOneAfter) {
     EXPECT_EQ(c.start, start) << c.first;
     EXPECT_EQ(c.end, end) << c.first;
   }
-}
-
-TEST(VnRichEditPaneFormats, SetDefaultCharFormatSetsTheRecordSizeAndAppliesToAllText) {
-  PaneWindows windows;
-  windows.Fill(L"aa|bb");
-  CHARFORMATW format = ColorFormat(kRed);
-  format.cbSize = 0;
-  EXPECT_NE(0, windows.Edit().SetDefaultCharFormat(format));
-  EXPECT_EQ(92u, format.cbSize);
-  EXPECT_EQ(kRed, FormatOfLine(windows.Edit(), 1).color);
-  EXPECT_EQ(kRed, FormatOfLine(windows.Edit(), 2).color);
 }
 
 TEST(VnRichEditPaneFormats, ChangeCharFormatChangesTheFontAndKeepsColoursSelectionAndMask) {

@@ -9,11 +9,8 @@
 #include "Screenshot.h"
 #include "SplitterTestSupport.h"
 
-#include "options/VnDisplayOptions.h"
-
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -37,11 +34,10 @@ std::wstring Program(bool edited) {
   return text;
 }
 
+// A pane and the lines of the file it holds.
 struct Side {
   CVnPaneWnd* pane;
-  std::vector<std::wstring> lines;  // the file's lines
-  std::vector<int> rows;            // each row's 1-based line, 0 for padding
-  long done = 0;                    // the last line placed
+  std::vector<std::wstring> lines;
 
   void Fill(std::wstring text) {
     for (size_t at = 0, end; (end = text.find(L"\r\n", at)) != std::wstring::npos; at = end + 2)
@@ -50,42 +46,7 @@ struct Side {
     pane->SetDefaultText(reinterpret_cast<unsigned char*>(&text[0]), static_cast<int>(text.size() * sizeof(wchar_t)),
                          pane->GetDefaultCharFormat());
   }
-  void Place(long upTo) {
-    for (; done < upTo; rows.push_back(static_cast<int>(++done))) {
-    }
-  }
 };
-
-// The host's walk: each record colours its lines on the side(s) that have
-// them and pads the shorter side below them with blank rows.
-void Align(Side (&sides)[2], const CPtrArray& changes) {
-  CVnOptionState formats;
-  for (INT_PTR k = 0; k < changes.GetSize(); ++k) {
-    const CVnDiffChange& change = *static_cast<const CVnDiffChange*>(changes.GetAt(k));
-    long start[2] = {change.StartSource(), change.StartTarget()};
-    long count[2] = {change.SourceChangeLen(), change.TargetChangeLen()};
-    const CHARFORMATW* format[2] = {&formats.GetReplaceCharFormat(), &formats.GetReplaceCharFormat()};
-    int only = change.GetAction() == CVnDiffChange::Delete ? 0 : change.GetAction() == CVnDiffChange::Insert ? 1 : -1;
-    if (only >= 0) {
-      count[1 - only] = 0;
-      start[1 - only] = sides[1 - only].done + (start[only] - sides[only].done);
-      format[only] = only == 0 ? &formats.GetDeleteCharFormat() : &formats.GetInsertCharFormat();
-    }
-    for (int s = 0; s < 2; ++s) {
-      sides[s].Place(start[s] - 1);
-      int row = static_cast<int>(sides[s].rows.size()) + 1;
-      if (count[s] > 0)
-        sides[s].pane->ColorSelection(row, row + static_cast<int>(count[s]) - 1, *format[s]);
-      sides[s].Place(start[s] + count[s] - 1);
-      int gap = static_cast<int>(count[1 - s] - count[s]);
-      if (gap > 0)
-        sides[s].pane->InsertBlankLines(static_cast<int>(sides[s].rows.size()) + 1, gap, 0, 0);
-      sides[s].rows.insert(sides[s].rows.end(), static_cast<size_t>(std::max(gap, 0)), 0);
-    }
-  }
-  for (Side& side : sides)
-    side.Place(static_cast<long>(side.lines.size()));
-}
 
 std::wstring RowText(CRichEditCtrl& edit, int row) {
   CString text;
@@ -107,19 +68,21 @@ TEST(VnSplitterDemo, ComparedFilesScrolledToTheMiddleStandLevelWithTheirNumbers)
   for (SplitterWindows::Arrangement arrangement : {SplitterWindows::SideBySide, SplitterWindows::Merge}) {
     SCOPED_TRACE(testing::Message() << "arrangement " << arrangement);
     SplitterWindows windows(arrangement, 1000, arrangement == SplitterWindows::Merge ? 640 : 520);
-    Side sides[2] = {{&windows.Pane(0), {}, {}, 0}, {&windows.Pane(1), {}, {}, 0}};
+    Side sides[2] = {{&windows.Pane(0), {}}, {&windows.Pane(1), {}}};
     vn::test::WideLineSet source(Program(false)), target(Program(true));
     CVnDiffChangeList changes;
     source.arg.Compare(0, 0, 0, target.arg, changes);
     sides[0].Fill(Program(false));
     sides[1].Fill(Program(true));
-    Align(sides, changes);
-    ASSERT_EQ(sides[0].rows.size(), sides[1].rows.size());
+    CVnPaneWnd* panes[2] = {sides[0].pane, sides[1].pane};
+    const std::array<std::vector<int>, 2> rows = vn::test::AlignAsAHost(
+        panes, changes, {static_cast<long>(sides[0].lines.size()), static_cast<long>(sides[1].lines.size())});
+    ASSERT_EQ(rows[0].size(), rows[1].size());
     if (arrangement == SplitterWindows::Merge) {
       std::wstring merged;
-      for (int line : sides[0].rows)
+      for (int line : rows[0])
         merged += (line ? sides[0].lines[static_cast<size_t>(line - 1)] : L"") + L"\r\n";
-      Side below = {&windows.Pane(2), {}, {}, 0};
+      Side below = {&windows.Pane(2), {}};
       below.Fill(merged);
       below.pane->SetCaption(L"merged.c");
     }
@@ -147,13 +110,13 @@ TEST(VnSplitterDemo, ComparedFilesScrolledToTheMiddleStandLevelWithTheirNumbers)
     for (int row = first; row < first + visible; ++row) {
       std::wstring text[2];
       for (int s = 0; s < 2; ++s) {
-        int line = sides[s].rows[static_cast<size_t>(row)];
+        int line = rows[s][static_cast<size_t>(row)];
         text[s] = RowText(*sides[s].pane->GetTextPane(), row);
         std::wstring number = RowText(*sides[s].pane->GetLineNumPane(), row);
         EXPECT_EQ(line ? std::to_wstring(line) : L"", number) << s << ":" << row;
         EXPECT_EQ(line ? sides[s].lines[static_cast<size_t>(line - 1)] : L"", text[s]) << s << ":" << row;
       }
-      level += sides[0].rows[static_cast<size_t>(row)] && sides[1].rows[static_cast<size_t>(row)] && text[0] == text[1];
+      level += rows[0][static_cast<size_t>(row)] && rows[1][static_cast<size_t>(row)] && text[0] == text[1];
     }
     EXPECT_GT(level, visible / 2);
 

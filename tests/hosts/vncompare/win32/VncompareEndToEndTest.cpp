@@ -24,7 +24,6 @@
 
 #include <filesystem>
 #include <fstream>
-#include <sstream>
 #include <string>
 #include <vector>
 
@@ -33,39 +32,36 @@ namespace {
 const wchar_t kKey[] = L"Software\\VnReconcile\\vncompare";
 const UINT kNextDiff = 32771, kToolsOptions = 32776, kToolsEncoding = 32777;
 
-std::wstring ToolPath() {
-  wchar_t module[MAX_PATH] = {};
-  ::GetModuleFileNameW(nullptr, module, MAX_PATH);
-  std::wstring path = module;
-  return path.substr(0, path.find_last_of(L"\\/")) + L"\\vncompare.exe";
-}
+std::wstring ToolPath() { return vn::test::HostProcess::Beside(L"vncompare.exe"); }
 
-// A few hundred lines with every kind of change: edits, insertions,
-// deletions, a changed block of unequal length.
-void WritePair(const std::wstring& oldPath, const std::wstring& newPath) {
-  std::ofstream a(std::filesystem::path(oldPath), std::ios::binary), b(std::filesystem::path(newPath), std::ios::binary);
-  for (int i = 1; i <= 300; ++i) {
-    std::string line = "line " + std::to_string(i) + " of the report\r\n";
-    a << line;
-    if (i == 20 || i == 150)
-      b << "line " << i << " OF THE REPORT, changed\r\n";
-    else if (i == 60)
-      b << line << "an inserted line\r\nanother inserted line\r\n";
-    else if (i < 100 || i > 104)
-      b << line;
-    if (i == 200)
-      b << "first new line of a block\r\nsecond new line\r\nthird new line\r\n";
+void ForgetSettings() { CVnRegistry().DeleteSection(HKEY_CURRENT_USER, L"Software\\VnReconcile", L"vncompare"); }
+
+// Two files of a few hundred lines with every kind of change: edits,
+// insertions, deletions, a changed block of unequal length.
+struct Pair {
+  vn::test::ScratchDir dir;
+  CString oldPath = dir.Path() + _T("old.txt"), newPath = dir.Path() + _T("new.txt");
+  Pair() {
+    std::ofstream a(vn::test::FsPath(oldPath), std::ios::binary), b(vn::test::FsPath(newPath), std::ios::binary);
+    for (int i = 1; i <= 300; ++i) {
+      std::string line = "line " + std::to_string(i) + " of the report\r\n";
+      a << line;
+      if (i == 20 || i == 150)
+        b << "line " << i << " OF THE REPORT, changed\r\n";
+      else if (i == 60)
+        b << line << "an inserted line\r\nanother inserted line\r\n";
+      else if (i < 100 || i > 104)
+        b << line;
+      if (i == 200)
+        b << "first new line of a block\r\nsecond new line\r\nthird new line\r\n";
+    }
   }
-}
+  std::wstring Arguments() const { return vn::test::Quoted(oldPath, newPath); }
+};
 
 struct Tool : vn::test::HostProcess {
   explicit Tool(const std::wstring& arguments) : HostProcess(ToolPath(), arguments) {}
-  // The text pane of column c: splitter, pane, then its child of the same id.
-  HWND TextPane(int column) const {
-    HWND splitter = ::GetDlgItem(frame, AFX_IDW_PANE_FIRST);
-    HWND pane = ::GetDlgItem(splitter, AFX_IDW_PANE_FIRST + column);
-    return ::GetDlgItem(pane, AFX_IDW_PANE_FIRST + column);
-  }
+  HWND TextPane(int column) const { return ColumnPane(column); }
   HWND NumberPane(int column) const {
     HWND text = TextPane(column);
     return ::GetDlgItem(::GetParent(text), AFX_IDW_PANE_FIRST + column + 1);
@@ -112,65 +108,24 @@ void ExpectLibraryRows(const Tool& tool, const CString& oldPath, const CString& 
   }
 }
 
-// A message whose lParam points to a T, sent to a window of another
-// process: the T travels through memory of that process.
-template <class T>
-bool SendRemote(HWND window, UINT message, WPARAM wParam, T& data) {
-  DWORD pid = 0;
-  ::GetWindowThreadProcessId(window, &pid);
-  HANDLE process = ::OpenProcess(PROCESS_VM_OPERATION | PROCESS_VM_READ | PROCESS_VM_WRITE, FALSE, pid);
-  if (!process)
-    return false;
-  void* remote = ::VirtualAllocEx(process, nullptr, sizeof(T), MEM_COMMIT, PAGE_READWRITE);
-  bool done = remote && ::WriteProcessMemory(process, remote, &data, sizeof(T), nullptr);
-  if (done) {
-    ::SendMessageW(window, message, wParam, reinterpret_cast<LPARAM>(remote));
-    done = ::ReadProcessMemory(process, remote, &data, sizeof(T), nullptr) != 0;
-  }
-  if (remote)
-    ::VirtualFreeEx(process, remote, 0, MEM_RELEASE);
-  ::CloseHandle(process);
-  return done;
-}
-
 // The colour of a row's first character, and the pane's first tab stop.
 COLORREF RowColor(HWND pane, long row) {
   LRESULT start = ::SendMessageW(pane, EM_LINEINDEX, row, 0);
   ::SendMessageW(pane, EM_SETSEL, start, start + 1);
   CHARFORMATW format = {};
   format.cbSize = sizeof(format);
-  return SendRemote(pane, EM_GETCHARFORMAT, SCF_SELECTION, format) ? format.crTextColor : 0xFFFFFFFF;
-}
-
-// The background of the character at `column` of a row; CLR_DEFAULT when
-// it has none of its own.
-COLORREF CharBackground(HWND pane, long row, long column) {
-  LRESULT start = ::SendMessageW(pane, EM_LINEINDEX, row, 0) + column;
-  ::SendMessageW(pane, EM_SETSEL, start, start + 1);
-  CHARFORMAT2W format = {};
-  format.cbSize = sizeof(format);
-  if (!SendRemote(pane, EM_GETCHARFORMAT, SCF_SELECTION, format))
-    return 0xFFFFFFFF;
-  return (format.dwEffects & CFE_AUTOBACKCOLOR) || !(format.dwMask & CFM_BACKCOLOR) ? CLR_DEFAULT : format.crBackColor;
-}
-
-// A part of a status bar of any process.
-std::wstring StatusText(HWND bar, int part) {
-  struct {
-    wchar_t text[512];
-  } buffer = {};
-  return SendRemote(bar, SB_GETTEXTW, part, buffer) ? std::wstring(buffer.text) : L"?";
+  return vn::test::SendRemote(pane, EM_GETCHARFORMAT, SCF_SELECTION, format) ? format.crTextColor : 0xFFFFFFFF;
 }
 
 LONG FirstTabStop(HWND pane) {
   PARAFORMAT format = {};
   format.cbSize = sizeof(format);
-  return SendRemote(pane, EM_GETPARAFORMAT, 0, format) && format.cTabCount ? format.rgxTabs[0] : -1;
+  return vn::test::SendRemote(pane, EM_GETPARAFORMAT, 0, format) && format.cTabCount ? format.rgxTabs[0] : -1;
 }
 
 LONG Tool::ScrollY(HWND pane) const {
   POINT position = {-1, -1};
-  SendRemote(pane, EM_GETSCROLLPOS, 0, position);
+  vn::test::SendRemote(pane, EM_GETSCROLLPOS, 0, position);
   return position.y;
 }
 
@@ -183,22 +138,20 @@ CRect FrameRect(HWND frame) {
 }  // namespace
 
 TEST(VncompareEndToEndTest, ShowsStepsClosesAndComesBackWhereItWasLeft) {
-  vn::test::ScratchDir dir;
-  CString oldPath = dir.Path() + _T("old.txt"), newPath = dir.Path() + _T("new.txt");
-  WritePair(oldPath.GetString(), newPath.GetString());
-  CVnRegistry().DeleteSection(HKEY_CURRENT_USER, L"Software\\VnReconcile", L"vncompare");
-  std::wstring arguments = L"\"" + std::wstring(oldPath.GetString()) + L"\" \"" + newPath.GetString() + L"\"";
+  Pair files;
+  ForgetSettings();
+  std::wstring arguments = files.Arguments();
   CRect placed;
   {
     Tool tool(arguments);
     ASSERT_TRUE(tool.frame);
-    ExpectLibraryRows(tool, oldPath, newPath);
+    ExpectLibraryRows(tool, files.oldPath, files.newPath);
     vn::test::WritePng(vn::test::CaptureWindow(tool.frame), vn::test::ScreenshotPath(L"vncompare.png"));
 
     // The tool opens on the first difference; two steps on is the third.
     CVnComparison comparison;
-    comparison.Open(CVnComparison::Source, oldPath);
-    comparison.Open(CVnComparison::Target, newPath);
+    comparison.Open(CVnComparison::Source, files.oldPath);
+    comparison.Open(CVnComparison::Target, files.newPath);
     comparison.Compare();
     std::vector<CVnRowBlock> blocks = VnDifferenceBlocks(comparison.GetRows());
     ASSERT_GE(blocks.size(), 4u);
@@ -214,8 +167,7 @@ TEST(VncompareEndToEndTest, ShowsStepsClosesAndComesBackWhereItWasLeft) {
 
     ::SetWindowPos(tool.frame, nullptr, 37, 41, 700, 500, SWP_NOZORDER);
     placed = FrameRect(tool.frame);
-    ::PostMessageW(tool.frame, WM_CLOSE, 0, 0);
-    EXPECT_EQ(1u, tool.Wait());
+    EXPECT_EQ(1u, tool.Close());
   }
   CVnRegistry registry(HKEY_CURRENT_USER, kKey, L"Display");
   EXPECT_EQ(static_cast<DWORD>(placed.left), registry.GetInt(L"WndPlcmntLeft", 12345));
@@ -235,22 +187,19 @@ TEST(VncompareEndToEndTest, ShowsStepsClosesAndComesBackWhereItWasLeft) {
   }
   // The same file twice: the same, exit status 0.
   {
-    Tool tool(L"\"" + std::wstring(oldPath.GetString()) + L"\" \"" + oldPath.GetString() + L"\"");
+    Tool tool(vn::test::Quoted(files.oldPath, files.oldPath));
     ASSERT_TRUE(tool.frame);
-    ::PostMessageW(tool.frame, WM_CLOSE, 0, 0);
-    EXPECT_EQ(0u, tool.Wait());
+    EXPECT_EQ(0u, tool.Close());
   }
-  CVnRegistry().DeleteSection(HKEY_CURRENT_USER, L"Software\\VnReconcile", L"vncompare");
+  ForgetSettings();
 }
 
 // Help > About opens the library's About box over the tool, with the
 // tool's caption and name and the library's build; both pages are
 // pictured, the second reached with the tree's Down key.
 TEST(VncompareEndToEndTest, HelpAboutShowsTheAboutBox) {
-  vn::test::ScratchDir dir;
-  CString oldPath = dir.Path() + _T("old.txt"), newPath = dir.Path() + _T("new.txt");
-  WritePair(oldPath.GetString(), newPath.GetString());
-  Tool tool(L"\"" + std::wstring(oldPath.GetString()) + L"\" \"" + newPath.GetString() + L"\"");
+  Pair files;
+  Tool tool(files.Arguments());
   ASSERT_TRUE(tool.frame);
   // Alt+H opens the Help menu, A picks About: the keys a user would press.
   // The tool's own menu, read from its file (Wine keeps a menu to the
@@ -294,9 +243,8 @@ TEST(VncompareEndToEndTest, HelpAboutShowsTheAboutBox) {
   for (int tries = 0; tries < 100 && ::IsWindow(about) && ::IsWindowVisible(about); ++tries)
     ::Sleep(50);
   EXPECT_FALSE(::IsWindow(about) && ::IsWindowVisible(about));
-  ::PostMessageW(tool.frame, WM_CLOSE, 0, 0);
-  EXPECT_EQ(1u, tool.Wait());
-  CVnRegistry().DeleteSection(HKEY_CURRENT_USER, L"Software\\VnReconcile", L"vncompare");
+  EXPECT_EQ(1u, tool.Close());
+  ForgetSettings();
 }
 
 // Trouble never shows a half-drawn window: a message (on standard error
@@ -305,8 +253,8 @@ TEST(VncompareEndToEndTest, BadInputEndsWithStatusTwo) {
   vn::test::ScratchDir dir;
   CString file = dir.Path() + _T("a.txt");
   std::ofstream(std::filesystem::path(file.GetString())) << "a\n";
-  const std::wstring a = L"\"" + std::wstring(file.GetString()) + L"\"";
-  const std::wstring folder = L"\"" + std::wstring(dir.Path().Left(dir.Path().GetLength() - 1).GetString()) + L"\"";
+  const std::wstring a = vn::test::Quoted(file);
+  const std::wstring folder = vn::test::Quoted(dir.Path().Left(dir.Path().GetLength() - 1));
   const std::wstring cases[] = {
       L"--headless " + a,                                  // one file
       L"--headless " + a + L" " + a + L" " + a,            // three
@@ -328,28 +276,23 @@ TEST(VncompareEndToEndTest, BadInputEndsWithStatusTwo) {
 // decoded text.  A tab size and the colours changed on the option sheet
 // reach the panes, and the next start reads them back.
 TEST(VncompareEndToEndTest, OptionsAndEncodingsFromTheMenus) {
-  vn::test::ScratchDir dir;
-  CString oldPath = dir.Path() + _T("old.txt"), newPath = dir.Path() + _T("new.txt"),
-          widePath = dir.Path() + _T("new16.txt");
-  WritePair(oldPath.GetString(), newPath.GetString());
+  Pair files;
+  const CString widePath = files.dir.Path() + _T("new16.txt");
   {
-    std::ifstream narrow(std::filesystem::path(newPath.GetString()), std::ios::binary);
+    std::ifstream narrow(std::filesystem::path(files.newPath.GetString()), std::ios::binary);
     std::ofstream wide(std::filesystem::path(widePath.GetString()), std::ios::binary);
     for (char c; narrow.get(c);)
       wide.put(c).put('\0');
   }
-  CVnRegistry().DeleteSection(HKEY_CURRENT_USER, L"Software\\VnReconcile", L"vncompare");
+  ForgetSettings();
   CVnRegistry colors(HKEY_CURRENT_USER, kKey, L"ColorOptions");
   colors.PutInt(L"Replace", 0x123456);
   colors.CloseSection();
-  auto quoted = [](const CString& a, const CString& b) {
-    return L"\"" + std::wstring(a.GetString()) + L"\" \"" + b.GetString() + L"\"";
-  };
   const long changedRow = 19;  // line 20 is changed on the right
   LONG tabBefore = 0, tabAfter = 0;
   {
     vn::test::DialogDriver question(nullptr, [](HWND box) { vn::test::PressButton(box, IDYES); });
-    Tool tool(quoted(oldPath, widePath));
+    Tool tool(vn::test::Quoted(files.oldPath, widePath));
     ASSERT_TRUE(tool.frame);
     ASSERT_TRUE(question.Acted());
 
@@ -364,7 +307,7 @@ TEST(VncompareEndToEndTest, OptionsAndEncodingsFromTheMenus) {
     ASSERT_TRUE(vn::test::WaitUntilGone(encoding));
     CVnCompareOptions wide = ByContent();
     wide.m_nTargetCodePage = 70001;
-    ExpectLibraryRows(tool, oldPath, widePath, wide);
+    ExpectLibraryRows(tool, files.oldPath, widePath, wide);
     EXPECT_EQ(0x123456u, RowColor(tool.TextPane(1), changedRow));
 
     tabBefore = FirstTabStop(tool.TextPane(0));
@@ -380,21 +323,19 @@ TEST(VncompareEndToEndTest, OptionsAndEncodingsFromTheMenus) {
     tabAfter = FirstTabStop(tool.TextPane(0));
     EXPECT_EQ(2 * tabBefore, tabAfter);
     EXPECT_EQ(0xFF0000u, RowColor(tool.TextPane(1), changedRow));
-    ::PostMessageW(tool.frame, WM_CLOSE, 0, 0);
-    EXPECT_EQ(1u, tool.Wait());
+    EXPECT_EQ(1u, tool.Close());
   }
   CVnRegistry stored(HKEY_CURRENT_USER, kKey, L"ColorOptions");
   EXPECT_EQ(0xFF0000u, stored.GetInt(L"Replace", 0));
   stored.CloseSection();
   {
-    Tool tool(quoted(oldPath, newPath));
+    Tool tool(files.Arguments());
     ASSERT_TRUE(tool.frame);
     EXPECT_EQ(tabAfter, FirstTabStop(tool.TextPane(1)));
     EXPECT_EQ(0xFF0000u, RowColor(tool.TextPane(1), changedRow));
-    ::PostMessageW(tool.frame, WM_CLOSE, 0, 0);
-    EXPECT_EQ(1u, tool.Wait());
+    EXPECT_EQ(1u, tool.Close());
   }
-  CVnRegistry().DeleteSection(HKEY_CURRENT_USER, L"Software\\VnReconcile", L"vncompare");
+  ForgetSettings();
 }
 
 // File > Print through the system's Print dialog to a file: the job runs
@@ -402,12 +343,10 @@ TEST(VncompareEndToEndTest, OptionsAndEncodingsFromTheMenus) {
 // control lays out no page (docs/printing.md), so the job ends after one
 // empty page there; the paging itself is tested in window_tests.
 TEST(VncompareEndToEndTest, PrintsBothFilesFromTheFileMenu) {
-  vn::test::ScratchDir dir;
-  CString oldPath = dir.Path() + _T("old.txt"), newPath = dir.Path() + _T("new.txt");
-  WritePair(oldPath.GetString(), newPath.GetString());
+  Pair files;
   const std::wstring output = vn::test::ScreenshotPath(L"vncompare-print.ps");
   ::DeleteFileW(output.c_str());
-  Tool tool(L"\"" + std::wstring(oldPath.GetString()) + L"\" \"" + newPath.GetString() + L"\"");
+  Tool tool(files.Arguments());
   ASSERT_TRUE(tool.frame);
   {
     vn::test::PrintDialogs dialogs({}, output);
@@ -418,18 +357,14 @@ TEST(VncompareEndToEndTest, PrintsBothFilesFromTheFileMenu) {
   std::string text;
   for (int tries = 0; tries < 600 && text.find("%%EOF") == std::string::npos; ++tries) {
     ::Sleep(100);
-    std::ifstream in(std::filesystem::path(output), std::ios::binary);
-    std::stringstream ps;
-    ps << in.rdbuf();
-    text = ps.str();
+    text = vn::test::ReadBytes(output);
   }
   size_t pages = 0;
   for (size_t at = text.find("%%Page:"); at != std::string::npos; at = text.find("%%Page:", at + 1))
     ++pages;
   EXPECT_GE(pages, 1u);
   EXPECT_NE(std::string::npos, text.find("%%Title: Sideview Output"));
-  ::PostMessageW(tool.frame, WM_CLOSE, 0, 0);
-  EXPECT_EQ(1u, tool.Wait());
+  EXPECT_EQ(1u, tool.Close());
 }
 
 // A UTF-8 file with LF against a UTF-16LE file with a byte order mark and
@@ -460,12 +395,9 @@ TEST(VncompareEndToEndTest, MarksChangedWordsAndShowsDifferencesInForm) {
   };
   std::ofstream(vn::test::FsPath(oldPath), std::ios::binary) << oldText;
   writeUtf16(newPath, newText);
-  CVnRegistry().DeleteSection(HKEY_CURRENT_USER, L"Software\\VnReconcile", L"vncompare");
-  auto quoted = [](const CString& a, const CString& b) {
-    return L"\"" + std::wstring(a.GetString()) + L"\" \"" + b.GetString() + L"\"";
-  };
+  ForgetSettings();
   {
-    Tool tool(quoted(oldPath, newPath));
+    Tool tool(vn::test::Quoted(oldPath, newPath));
     ASSERT_TRUE(tool.frame);
     ExpectLibraryRows(tool, oldPath, newPath);
     ::Sleep(200);
@@ -474,7 +406,7 @@ TEST(VncompareEndToEndTest, MarksChangedWordsAndShowsDifferencesInForm) {
 
     HWND captions[2] = {::GetDlgItem(::GetParent(tool.TextPane(0)), AFX_IDW_STATUS_BAR),
                         ::GetDlgItem(::GetParent(tool.TextPane(1)), AFX_IDW_STATUS_BAR)};
-    const std::wstring left = StatusText(captions[0], 0), right = StatusText(captions[1], 0);
+    const std::wstring left = vn::test::StatusText(captions[0], 0), right = vn::test::StatusText(captions[1], 0);
     EXPECT_NE(std::wstring::npos, left.find(L"report-utf8.txt  (")) << std::string(left.begin(), left.end());
     EXPECT_NE(std::wstring::npos, left.find(L"by content, LF)"));
     EXPECT_NE(std::wstring::npos, right.find(L"BOM, CR LF)")) << std::string(right.begin(), right.end());
@@ -488,7 +420,7 @@ TEST(VncompareEndToEndTest, MarksChangedWordsAndShowsDifferencesInForm) {
       const unsigned char* rgb = &picture.rgb[(y * static_cast<size_t>(picture.width) + x) * 3];
       EXPECT_EQ(RGB(255, 214, 140), RGB(rgb[0], rgb[1], rgb[2]));
     }
-    EXPECT_EQ(L"Also different: encoding and line ends", StatusText(::GetDlgItem(tool.frame, AFX_IDW_STATUS_BAR), 0));
+    EXPECT_EQ(L"Also different: encoding and line ends", vn::test::StatusText(::GetDlgItem(tool.frame, AFX_IDW_STATUS_BAR), 0));
 
     // Row 4 is line 5 on both sides: its changed words, and only they, are
     // in the light shade of the replace colour; line 14 ("}") is not like
@@ -505,10 +437,9 @@ TEST(VncompareEndToEndTest, MarksChangedWordsAndShowsDifferencesInForm) {
         {1, 13, 0, true},  {0, 3, 12, false}, {1, 3, 12, false},
     };
     for (const auto& c : cases)
-      EXPECT_EQ(c.marked ? shade : CLR_DEFAULT, CharBackground(tool.TextPane(c.column), c.row, c.at))
+      EXPECT_EQ(c.marked ? shade : CLR_DEFAULT, vn::test::CharBackground(tool.TextPane(c.column), c.row, c.at))
           << "pane " << c.column << " row " << c.row << " column " << c.at;
-    ::PostMessageW(tool.frame, WM_CLOSE, 0, 0);
-    EXPECT_EQ(1u, tool.Wait());
+    EXPECT_EQ(1u, tool.Close());
   }
   // The same text in both forms: the status bar says what differs, and the
   // files are the same only when that is ignored.
@@ -521,11 +452,10 @@ TEST(VncompareEndToEndTest, MarksChangedWordsAndShowsDifferencesInForm) {
     unsigned status;
   } runs[] = {{L"", 1}, {L"--ignore-encoding ", 1}, {L"--ignore-encoding --ignore-line-ends ", 0}};
   for (const auto& run : runs) {
-    Tool tool(run.flags + quoted(oldPath, newPath));
+    Tool tool(run.flags + vn::test::Quoted(oldPath, newPath));
     ASSERT_TRUE(tool.frame);
-    EXPECT_EQ(L"Files differ only in encoding and line ends", StatusText(::GetDlgItem(tool.frame, AFX_IDW_STATUS_BAR), 0));
-    ::PostMessageW(tool.frame, WM_CLOSE, 0, 0);
-    EXPECT_EQ(run.status, tool.Wait()) << std::wstring(run.flags).size();
+    EXPECT_EQ(L"Files differ only in encoding and line ends", vn::test::StatusText(::GetDlgItem(tool.frame, AFX_IDW_STATUS_BAR), 0));
+    EXPECT_EQ(run.status, tool.Close()) << std::wstring(run.flags).size();
   }
-  CVnRegistry().DeleteSection(HKEY_CURRENT_USER, L"Software\\VnReconcile", L"vncompare");
+  ForgetSettings();
 }

@@ -19,7 +19,6 @@
 #include <filesystem>
 #include <fstream>
 #include <set>
-#include <sstream>
 #include <string>
 #include <vector>
 
@@ -28,22 +27,12 @@ namespace {
 const UINT kMergeLocal = 32780, kMergeRemote = 32781, kMergeLocalThenRemote = 32782, kNextConflict = 32771;
 const UINT kPane = AFX_IDW_PANE_FIRST, kMergedPane = AFX_IDW_PANE_FIRST + 16;
 
-std::wstring ToolPath() {
-  wchar_t module[MAX_PATH] = {};
-  ::GetModuleFileNameW(nullptr, module, MAX_PATH);
-  std::wstring path = module;
-  return path.substr(0, path.find_last_of(L"\\/")) + L"\\vnmerge.exe";
-}
+std::wstring ToolPath() { return vn::test::HostProcess::Beside(L"vnmerge.exe"); }
+
+void ForgetSettings() { CVnRegistry().DeleteSection(HKEY_CURRENT_USER, L"Software\\VnReconcile", L"vnmerge"); }
 
 void WriteFile(const CString& path, const std::string& bytes) {
   std::ofstream(std::filesystem::path(path.GetString()), std::ios::binary) << bytes;
-}
-
-std::string ReadFile(const CString& path) {
-  std::ifstream in(std::filesystem::path(path.GetString()), std::ios::binary);
-  std::stringstream bytes;
-  bytes << in.rdbuf();
-  return bytes.str();
 }
 
 std::set<std::wstring> Names(const CString& dir) {
@@ -71,10 +60,7 @@ struct Triple {
     WriteFile(local, l);
     WriteFile(remote, r);
   }
-  std::wstring Arguments() const {
-    auto q = [](const CString& s) { return L"\"" + std::wstring(s.GetString()) + L"\""; };
-    return q(base) + L" " + q(local) + L" " + q(remote) + L" -o " + q(merged);
-  }
+  std::wstring Arguments() const { return vn::test::Quoted(base, local, remote) + L" -o " + vn::test::Quoted(merged); }
 };
 
 struct Tool : vn::test::HostProcess {
@@ -87,25 +73,7 @@ struct Tool : vn::test::HostProcess {
     return ::GetDlgItem(pane, ::GetDlgCtrlID(pane));
   }
   std::vector<std::wstring> Rows(int k) const { return vn::test::ControlRows(TextPane(k)); }
-  // The background of the character at `column` of a row of pane k;
-  // CLR_DEFAULT when it has none of its own.
-  COLORREF Background(int k, long row, long column) const {
-    HWND pane = TextPane(k);
-    const LRESULT at = ::SendMessageW(pane, EM_LINEINDEX, row, 0) + column;
-    ::SendMessageW(pane, EM_SETSEL, at, at + 1);
-    DWORD pid = 0;
-    ::GetWindowThreadProcessId(pane, &pid);
-    HANDLE owner = ::OpenProcess(PROCESS_VM_OPERATION | PROCESS_VM_READ | PROCESS_VM_WRITE, FALSE, pid);
-    CHARFORMAT2W format = {};
-    format.cbSize = sizeof(format);
-    void* remote = ::VirtualAllocEx(owner, nullptr, sizeof(format), MEM_COMMIT, PAGE_READWRITE);
-    ::WriteProcessMemory(owner, remote, &format, sizeof(format), nullptr);
-    ::SendMessageW(pane, EM_GETCHARFORMAT, SCF_SELECTION, reinterpret_cast<LPARAM>(remote));
-    ::ReadProcessMemory(owner, remote, &format, sizeof(format), nullptr);
-    ::VirtualFreeEx(owner, remote, 0, MEM_RELEASE);
-    ::CloseHandle(owner);
-    return (format.dwEffects & CFE_AUTOBACKCOLOR) ? CLR_DEFAULT : format.crBackColor;
-  }
+  COLORREF Background(int k, long row, long column) const { return vn::test::CharBackground(TextPane(k), row, column); }
   // The selection's first and last rows.
   std::pair<long, long> Selected(int k) const {
     DWORD start = 0, end = 0;
@@ -116,23 +84,10 @@ struct Tool : vn::test::HostProcess {
   }
   // The status bar's conflict count, once the idle update has written it.
   std::wstring Conflicts(const std::wstring& expected) const {
-    HWND bar = ::GetDlgItem(frame, AFX_IDW_STATUS_BAR);
-    DWORD pid = 0;
-    ::GetWindowThreadProcessId(bar, &pid);
-    HANDLE owner = ::OpenProcess(PROCESS_VM_OPERATION | PROCESS_VM_READ | PROCESS_VM_WRITE, FALSE, pid);
     std::wstring text;
-    wchar_t local[128] = {};
-    void* remote = ::VirtualAllocEx(owner, nullptr, sizeof(local), MEM_COMMIT, PAGE_READWRITE);
-    for (int tries = 0; tries < 100 && text != expected; ++tries) {
-      ::SendMessageW(bar, SB_GETTEXTW, 1, reinterpret_cast<LPARAM>(remote));
-      ::ReadProcessMemory(owner, remote, local, sizeof(local), nullptr);
-      local[127] = 0;
-      text = local;
-      if (text != expected)
-        ::Sleep(50);
-    }
-    ::VirtualFreeEx(owner, remote, 0, MEM_RELEASE);
-    ::CloseHandle(owner);
+    HWND bar = ::GetDlgItem(frame, AFX_IDW_STATUS_BAR);
+    for (int tries = 0; tries < 100 && (text = vn::test::StatusText(bar, 1)) != expected; ++tries)
+      ::Sleep(50);
     return text;
   }
 };
@@ -142,7 +97,7 @@ const wchar_t kKey[] = L"Software\\VnReconcile\\vnmerge";
 // The editor option: off, or a command that records the file it was
 // given in record.
 void SetEditor(bool on, const std::wstring& record = L"") {
-  CVnRegistry().DeleteSection(HKEY_CURRENT_USER, L"Software\\VnReconcile", L"vnmerge");
+  ForgetSettings();
   CVnRegistry registry(HKEY_CURRENT_USER, kKey, L"MergeOptions");
   registry.PutInt(L"EditMergedFile", on ? 1 : 0);
   registry.PutString(L"Editor", (L"cmd.exe /c >\"" + record + L"\" echo").c_str());
@@ -208,19 +163,18 @@ TEST(VnmergeEndToEndTest, ResolvesTheConflictFromTheMenuAndSaves) {
   EXPECT_EQ(L"No conflicts left", tool.Conflicts(L"No conflicts left"));
 
   ::SendMessageW(tool.frame, WM_COMMAND, ID_FILE_SAVE, 0);
-  ::PostMessageW(tool.frame, WM_CLOSE, 0, 0);
-  EXPECT_EQ(0u, tool.Wait());
+  EXPECT_EQ(0u, tool.Close());
   EXPECT_EQ("line 1\nlocal two\nline 3\nline 4\nremote five\nline 6\nline 7\nline 8\nremote nine\nline 10\n",
-            ReadFile(files.merged));
+            vn::test::ReadBytes(vn::test::FsPath(files.merged)));
   EXPECT_EQ((std::set<std::wstring>{L"base.txt", L"local.txt", L"remote.txt", L"merged.txt"}),
             Names(files.dir.Path()));
   // The editor was started on the merged file.
   std::string edited;
   for (int tries = 0; tries < 100 && edited.empty(); ++tries, ::Sleep(50))
-    edited = ReadFile(record);
+    edited = vn::test::ReadBytes(vn::test::FsPath(record));
   std::wstring wide = files.merged.GetString();
   EXPECT_NE(std::string::npos, edited.find(std::string(wide.begin(), wide.end()))) << edited;
-  CVnRegistry().DeleteSection(HKEY_CURRENT_USER, L"Software\\VnReconcile", L"vnmerge");
+  ForgetSettings();
 }
 
 // A save with the conflict left asks first; yes writes the markers, and
@@ -235,13 +189,12 @@ TEST(VnmergeEndToEndTest, SavingWithAConflictLeftAsksAndEndsWithStatusOne) {
     ::SendMessageW(tool.frame, WM_COMMAND, ID_FILE_SAVE, 0);
     ASSERT_TRUE(question.Acted());
   }
-  std::string withMarkers = ReadFile(files.merged);
+  std::string withMarkers = vn::test::ReadBytes(vn::test::FsPath(files.merged));
   EXPECT_NE(std::string::npos,
             withMarkers.find("<<<<<<< LOCAL\nlocal five a\nlocal five b\n=======\nremote five\n>>>>>>> REMOTE\n"))
       << withMarkers;
-  ::PostMessageW(tool.frame, WM_CLOSE, 0, 0);
-  EXPECT_EQ(1u, tool.Wait());
-  CVnRegistry().DeleteSection(HKEY_CURRENT_USER, L"Software\\VnReconcile", L"vnmerge");
+  EXPECT_EQ(1u, tool.Close());
+  ForgetSettings();
 }
 
 // Closing without saving writes nothing and says so in the status; LOCAL
@@ -257,10 +210,9 @@ TEST(VnmergeEndToEndTest, ClosedWithoutSavingEndsWithStatusOne) {
   ASSERT_GE(rows.size(), 8u);
   EXPECT_EQ((std::vector<std::wstring>{L"local five a", L"local five b", L"remote five", L"line 6"}),
             std::vector<std::wstring>(rows.begin() + 4, rows.begin() + 8));
-  ::PostMessageW(tool.frame, WM_CLOSE, 0, 0);
-  EXPECT_EQ(1u, tool.Wait());
+  EXPECT_EQ(1u, tool.Close());
   EXPECT_FALSE(std::filesystem::exists(std::filesystem::path(files.merged.GetString())));
-  CVnRegistry().DeleteSection(HKEY_CURRENT_USER, L"Software\\VnReconcile", L"vnmerge");
+  ForgetSettings();
 }
 
 // Trouble shows no window, writes nothing and ends with status 2.
@@ -269,20 +221,20 @@ TEST(VnmergeEndToEndTest, BadInputEndsWithStatusTwoAndWritesNothing) {
   SetEditor(false);
   const CString binary = files.dir.Path() + _T("binary.bin");
   WriteFile(binary, std::string("line 1\n\0\1\2\3 bytes\n", 16));
-  auto q = [](const CString& s) { return L"\"" + std::wstring(s.GetString()) + L"\""; };
-  const std::wstring three = q(files.base) + L" " + q(files.local) + L" " + q(files.remote);
+  using vn::test::Quoted;
+  const std::wstring three = Quoted(files.base, files.local, files.remote), out = L" -o " + Quoted(files.merged);
   const std::wstring cases[] = {
-      L"--headless " + q(files.base) + L" \"Z:\\no\\such\\file.txt\" " + q(files.remote) + L" -o " + q(files.merged),
-      L"--headless " + three + L" -o " + q(files.dir.Path() + _T("missing\\merged.txt")),
-      L"--headless " + three,                                   // no -o
-      L"--headless " + q(files.local) + L" -o " + q(files.merged),  // one side only
-      L"--headless --no-such-option " + three + L" -o " + q(files.merged),
-      L"--headless \"unclosed " + three + L" -o " + q(files.merged),
-      L"--headless " + q(files.base) + L" " + q(files.dir.Path().Left(files.dir.Path().GetLength() - 1)) + L" " +
-          q(files.remote) + L" -o " + q(files.merged),  // a directory
+      L"--headless " + Quoted(files.base, L"Z:\\no\\such\\file.txt", files.remote) + out,
+      L"--headless " + three + L" -o " + Quoted(files.dir.Path() + _T("missing\\merged.txt")),
+      L"--headless " + three,                             // no -o
+      L"--headless " + Quoted(files.local) + out,         // one side only
+      L"--headless --no-such-option " + three + out,
+      L"--headless \"unclosed " + three + out,
+      L"--headless " + Quoted(files.base, files.dir.Path().Left(files.dir.Path().GetLength() - 1), files.remote) +
+          out,  // a directory
       // The binary question's default answer lets it through; the tool
       // still refuses it.
-      L"--headless " + q(files.base) + L" " + q(binary) + L" " + q(files.remote) + L" -o " + q(files.merged),
+      L"--headless " + Quoted(files.base, binary, files.remote) + out,
   };
   for (const std::wstring& arguments : cases) {
     Tool tool(arguments);
@@ -298,8 +250,7 @@ TEST(VnmergeEndToEndTest, BadInputEndsWithStatusTwoAndWritesNothing) {
 TEST(VnmergeEndToEndTest, TwoWayMergeStepsThroughItsConflicts) {
   Triple files;
   SetEditor(false);
-  auto q = [](const CString& s) { return L"\"" + std::wstring(s.GetString()) + L"\""; };
-  Tool tool(q(files.local) + L" " + q(files.remote) + L" -o " + q(files.merged));
+  Tool tool(vn::test::Quoted(files.local, files.remote) + L" -o " + vn::test::Quoted(files.merged));
   ASSERT_TRUE(tool.frame);
   EXPECT_EQ(L"Conflicts left: 3", tool.Conflicts(L"Conflicts left: 3"));
   EXPECT_EQ(std::make_pair(1L, 1L), tool.Selected(0));
@@ -314,7 +265,6 @@ TEST(VnmergeEndToEndTest, TwoWayMergeStepsThroughItsConflicts) {
   ASSERT_GE(rows.size(), 11u);
   EXPECT_EQ((std::vector<std::wstring>{L"line 4", L"local five a", L"local five b", L"line 6"}),
             std::vector<std::wstring>(rows.begin() + 7, rows.begin() + 11));
-  ::PostMessageW(tool.frame, WM_CLOSE, 0, 0);
-  EXPECT_EQ(1u, tool.Wait());
-  CVnRegistry().DeleteSection(HKEY_CURRENT_USER, L"Software\\VnReconcile", L"vnmerge");
+  EXPECT_EQ(1u, tool.Close());
+  ForgetSettings();
 }
