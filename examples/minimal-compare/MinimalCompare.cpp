@@ -109,12 +109,7 @@ int CMinimalFrame::DoDisplay() {
 // tab size and number column to the splitter and sets up its bars.
 void CMinimalFrame::Show() {
   m_view.Show(*m_pComparison, *Pane(0), *Pane(1), *this, m_DisplayOptions.GetDisplayDiffOnly() != 0);
-  const CHARFORMATW& format = GetDefaultCharFormat();
-  m_wndSplitter.SetTabStops(format, m_DisplayOptions.GetTabSize());
-  m_wndSplitter.ResizeInternalPanes(m_wndSplitter.GetLineNumWidth(format, m_DisplayOptions.GetShowLineNum()));
-  m_wndSplitter.SetupVScrollBars();
-  m_wndSplitter.SetupHScrollBars();
-  m_wndSplitter.GoToBeginning();
+  ArrangePanes();
   SetInitialFocus(false);
 
   // The engine's records are 1-based and inclusive; the side an Insert or

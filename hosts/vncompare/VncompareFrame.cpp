@@ -121,12 +121,7 @@ void CVnCompareFrame::Show() {
   m_wndStatusBar.SetPaneText(0, VnFormSummary(VnFormDifferences(m_pComparison->GetFile(CVnComparison::Source).GetFacts(),
                                                                 m_pComparison->GetFile(CVnComparison::Target).GetFacts()),
                                               m_pComparison->IsSame()));
-  const CHARFORMATW& format = GetDefaultCharFormat();
-  m_wndSplitter.SetTabStops(format, m_DisplayOptions.GetTabSize());
-  m_wndSplitter.ResizeInternalPanes(m_wndSplitter.GetLineNumWidth(format, m_DisplayOptions.GetShowLineNum()));
-  m_wndSplitter.SetupVScrollBars();
-  m_wndSplitter.SetupHScrollBars();
-  m_wndSplitter.GoToBeginning();
+  ArrangePanes();
   SetInitialFocus(false);
   m_nBlock = -1;
   if (!m_view.GetBlocks().empty())

@@ -50,15 +50,6 @@ namespace {
 
 CString LocalString(UINT id) { return LoadLocalString(::GetModuleHandleW(nullptr), id); }
 
-// A line's text without the carriage return its line set keeps.
-CString LineText(const CVnDiffArg& lines, long line) {
-  CString text = lines.GetLine(static_cast<int>(line));
-  int length = text.GetLength();
-  if (length && text[length - 1] == L'\r')
-    text = text.Left(length - 1);
-  return text;
-}
-
 CString Marker(const wchar_t* sign, const CString& label) {
   return label.IsEmpty() ? CString(sign) : CString(sign) + L" " + label;
 }
@@ -95,7 +86,7 @@ struct PaneRows {
   void AddLines(const CVnDiffArg& lines, const CVnLineRange& range, const CHARFORMATW* format, bool numbered) {
     long first = rows;
     for (long i = range.m_nBegin; i < range.End(); ++i)
-      Add(LineText(lines, i), numbered ? i + 1 : rows + 1);
+      Add(VnLineText(lines, i), numbered ? i + 1 : rows + 1);
     Colour(first, format);
   }
   void Colour(long first, const CHARFORMATW* format) {
@@ -109,7 +100,7 @@ struct PaneRows {
       Add(CString(), 0);
       return;
     }
-    Add(LineText(lines, line), line + 1);
+    Add(VnLineText(lines, line), line + 1);
     Colour(rows - 1, lineFormat);
     if (markFormat)
       for (const CVnUnitRange& r : ranges)
@@ -392,12 +383,7 @@ void CVnMergeFrame::Show() {
     Pane(k)->SetCaptionColor(formsDiffer ? kVnFormWarningColor : CLR_DEFAULT);
   int conflict = m_nConflict;
   Fill();
-  const CHARFORMATW& format = GetDefaultCharFormat();
-  m_wndSplitter.SetTabStops(format, m_DisplayOptions.GetTabSize());
-  m_wndSplitter.ResizeInternalPanes(m_wndSplitter.GetLineNumWidth(format, m_DisplayOptions.GetShowLineNum()));
-  m_wndSplitter.SetupVScrollBars();
-  m_wndSplitter.SetupHScrollBars();
-  m_wndSplitter.GoToBeginning();
+  ArrangePanes();
   // Pane (0, 0) is the nested splitter: LOCAL's text is reached through it.
   Pane(0)->GetTextPane()->SetFocus();
   m_nConflict = -1;

@@ -162,3 +162,11 @@ bool VnSameBytes(const CString& a, const CString& b) {
       return true;
   }
 }
+
+CString VnLineText(const CVnDiffArg& lines, long line) {
+  CString text = lines.GetLine(static_cast<int>(line));
+  const int length = text.GetLength();
+  if (length && text[length - 1] == L'\r')
+    text = text.Left(length - 1);
+  return text;
+}

@@ -177,6 +177,10 @@ VN_API std::vector<CVnChangeSpan> VnChangeSpans(const CVnDiffChangeList& changes
 // when nothing stands in the way.  A file that can't be opened at all is
 // left to the reading, which says why.
 VN_API CString VnWhyNotComparable(const CString& path);
+// Line (0-based) of a line set as a pane shows it: without the carriage
+// return the intake's text keeps at each line end.
+VN_API CString VnLineText(const CVnDiffArg& lines, long line);
+
 // Whether two files hold the same bytes: how binary files are compared
 // when the user doesn't have them compared as lines.  CFileException when
 // either can't be read.

@@ -24,15 +24,6 @@ size_t RunEnd(const std::vector<CVnAlignedRow>& rows, size_t begin, Pred same) {
   return end;
 }
 
-// A line's text without the carriage return its line set keeps.
-CString LineText(const CVnDiffArg& lines, long line) {
-  CString text = lines.GetLine(static_cast<int>(line));
-  int length = text.GetLength();
-  if (length && text[length - 1] == L'\r')
-    text = text.Left(length - 1);
-  return text;
-}
-
 // Quiet and unseen while the rows go in: no synchronisation per insertion,
 // no drawing per line.
 class PaneBatch {
@@ -134,11 +125,11 @@ void CVnComparisonView::ShowDifferences(const CVnComparison& comparison, const s
         numbers += L"\r\n";
       }
       if (line >= 0) {
-        text += LineText(lines, line);
+        text += VnLineText(lines, line);
         number.Format(_T("%ld"), line + 1);
         numbers += number;
       } else if (side == 1 && row.m_nKind == VnRowKind::Deleted) {
-        text += LineText(sourceLines, row.m_nSource);
+        text += VnLineText(sourceLines, row.m_nSource);
       }
     }
     const WCHAR* units = text.GetString();

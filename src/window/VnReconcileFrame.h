@@ -73,6 +73,9 @@ public:
   virtual void ReopenFiles() {}
 
   void SetInitialFocus(bool secondRow);
+  // After the panes are filled: hands the font, tab size and number column
+  // to the splitter, sets up its bars and goes to the top.
+  void ArrangePanes();
   // Enables the indicator while a text pane has the focus, and shows its
   // caret's line and column, 1-based, through format (two %d or %ld).
   void UpdateIndicatorPosition(CCmdUI* cmdUI, CString& format);

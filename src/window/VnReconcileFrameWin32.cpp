@@ -94,6 +94,15 @@ void CVnReconcileFrame::OnActivate(UINT state, CWnd* other, BOOL minimized) {
 
 void CVnReconcileFrame::SetInitialFocus(bool secondRow) { m_pSplitterWnd->SetInitialFocus(secondRow); }
 
+void CVnReconcileFrame::ArrangePanes() {
+  const CHARFORMATW& format = GetDefaultCharFormat();
+  m_pSplitterWnd->SetTabStops(format, m_DisplayOptions.GetTabSize());
+  m_pSplitterWnd->ResizeInternalPanes(m_pSplitterWnd->GetLineNumWidth(format, m_DisplayOptions.GetShowLineNum()));
+  m_pSplitterWnd->SetupVScrollBars();
+  m_pSplitterWnd->SetupHScrollBars();
+  m_pSplitterWnd->GoToBeginning();
+}
+
 //===-- Commands routed to the focused text pane ---------------------------===//
 
 CVnTextPane* CVnReconcileFrame::GetFocusedTextPane() const {
