@@ -38,6 +38,18 @@
 //    overlap kept is on its highest diagonal; so every middle diagonal, cost
 //    and split point, and therefore every mark, is the portable search's.
 //    Diagonals below the winning one are never read again.
+//  - A box's halves share its corners, and the search of each half would
+//    first redo, from the shared corner, the first costs of the box's own
+//    search.  So each direction keeps its furthest points at a few costs
+//    (a quarter apart) while its band is whole, and a half starts from the
+//    latest of them that lies wholly inside it.  Inside the half, the
+//    furthest point of a cost is the box's wherever the box's lies inside
+//    the half (paths from the corner that end inside stay inside); points
+//    only grow with the cost, so every earlier point is inside too, and the
+//    half's own passes would have computed the same values.  The overlap
+//    checks skipped that way cannot succeed: a half costs at least the
+//    box's cost less the other half's bound, and the kept costs are below
+//    half of that, where no two passes can meet.
 //  - The portable search stays as the reference: tests hold this form
 //    against it on any input (CVnCompareHooks::m_bWideSearch).
 #include "engine/VnWideSearch.h"
@@ -97,6 +109,15 @@ struct Meeting {
   int32_t d, x;
 };
 
+// A direction's furthest points at one cost, taken from the corner (x0,
+// y0) while its band was whole: diagonals mid - cost to mid + cost, step 2.
+struct Snapshot {
+  int32_t x0, y0, cost;
+  std::vector<int32_t> x;
+  int32_t Lowest() const { return x0 - y0 - cost; }
+};
+using Snapshots = std::vector<std::shared_ptr<const Snapshot>>;
+
 // One direction's furthest points, kept apart by parity: diagonal d is entry
 // (d + offset) >> 1 of half[d & 1].  The offset is even, so the parity of
 // the sum is that of d.
@@ -148,11 +169,15 @@ int32_t WindowStart(int32_t a, int32_t b, int32_t ahead, int32_t count) {
 class WideSearch {
 public:
   WideSearch(CVnCompareState& st, const uint16_t* xv, const uint16_t* yv);
-  void SearchBox(int32_t xlo, int32_t xhi, int32_t ylo, int32_t yhi);
+  int32_t SearchBox(Box box, Snapshots starts, Snapshots ends, int32_t least);
 
 private:
-  Meeting Middle(const Box& box);
+  Meeting Middle(const Box& box, int32_t least, Snapshots& starts, Snapshots& ends);
   void Widen(Band& band, const Box& box, const Reach& reach, int32_t sentinel) const;
+  template <bool kForward>
+  int32_t Resume(const Snapshots& kept, const Box& box, int32_t most, Band& band) const;
+  template <bool kForward>
+  void Keep(Snapshots& kept, const Band& band, const Box& box, int32_t cost) const;
   template <bool kForward>
   bool Pass(const Band& band, const Band& opposite, bool check, const Box& box, Meeting& meeting) const;
   template <bool kForward>
@@ -302,48 +327,155 @@ VN_AVX512 bool WideSearch::Pass(const Band& band, const Band& opposite, bool che
   }
 }
 
+// Whether a snapshot can start a direction's search of this box: taken at
+// the box's corner, with every point inside the box.  Its band then lies
+// within the box's diagonals, since a point on a diagonal beyond them is
+// outside, so the box's own band would have been whole up to that cost.
+template <bool kForward>
+bool Fits(const Snapshot& s, const Box& box) {
+  if (kForward ? (s.x0 != box.xlo || s.y0 != box.ylo) : (s.x0 != box.xhi || s.y0 != box.yhi))
+    return false;
+  const int32_t lo = s.Lowest();
+  for (size_t i = 0; i < s.x.size(); ++i) {
+    const int32_t x = s.x[i], y = x - (lo + 2 * static_cast<int32_t>(i));
+    if (kForward ? (x > box.xhi || y > box.yhi) : (x < box.xlo || y < box.ylo))
+      return false;
+  }
+  return true;
+}
+
+// Starts a direction from the latest snapshot that fits the box and was
+// taken at a cost of at most `most`; gives that cost, or 0 with the band
+// left at the corner.
+template <bool kForward>
+int32_t WideSearch::Resume(const Snapshots& kept, const Box& box, int32_t most, Band& band) const {
+  const Reach& reach = kForward ? m_forward : m_backward;
+  for (auto it = kept.rbegin(); it != kept.rend(); ++it) {
+    const Snapshot& s = **it;
+    if (s.cost > most || !Fits<kForward>(s, box))
+      continue;
+    band = {s.Lowest(), s.Lowest() + 2 * s.cost};
+    for (size_t i = 0; i < s.x.size(); ++i)
+      reach.At(band.lo + 2 * static_cast<int32_t>(i), m_offset) = s.x[i];
+    return s.cost;
+  }
+  return 0;
+}
+
+// Keeps a direction's points after the pass of `cost`, while its band is
+// whole.
+template <bool kForward>
+void WideSearch::Keep(Snapshots& kept, const Band& band, const Box& box, int32_t cost) const {
+  if (band.hi - band.lo != 2 * cost)
+    return;
+  const Reach& reach = kForward ? m_forward : m_backward;
+  auto s = std::make_shared<Snapshot>();
+  s->x0 = kForward ? box.xlo : box.xhi;
+  s->y0 = kForward ? box.ylo : box.yhi;
+  s->cost = cost;
+  s->x.resize(static_cast<size_t>(cost) + 1);
+  for (int32_t i = 0; i <= cost; ++i)
+    s->x[static_cast<size_t>(i)] = reach.At(band.lo + 2 * i, m_offset);
+  kept.push_back(std::move(s));
+}
+
+// The next cost to keep: a quarter on.
+int32_t NextKept(int32_t cost) { return cost + (cost < 4 ? 1 : cost / 4); }
+
+// Drops the snapshots taken above `most`.
+void Prune(Snapshots& kept, int32_t most) {
+  while (!kept.empty() && kept.back()->cost > most)
+    kept.pop_back();
+}
+
 // VnMiddleDiagonal of VnEditSearch.cpp: the same bands, passes and answer.
-Meeting WideSearch::Middle(const Box& box) {
+// The box costs at least `least`.  `starts` and `ends` bring the snapshots
+// of the box's corners and take back those for its halves.
+Meeting WideSearch::Middle(const Box& box, int32_t least, Snapshots& starts, Snapshots& ends) {
   const int32_t fmid = box.xlo - box.ylo, bmid = box.xhi - box.yhi;
   const bool odd = ((fmid - bmid) & 1) != 0;
   Band f = {fmid, fmid}, b = {bmid, bmid};
   m_forward.At(fmid, m_offset) = box.xlo;
   m_backward.At(bmid, m_offset) = box.xhi;
+  // Passes of costs up to `most` meet nowhere: they could only meet for
+  // less than `least`.
+  const int32_t most = least > 0 ? (least - 1) / 2 : 0;
+  int32_t cf = Resume<true>(starts, box, most, f), cb = Resume<false>(ends, box, most, b);
+  Prune(starts, cf);
+  Prune(ends, cb);
+  int32_t keepF = NextKept(cf), keepB = NextKept(cb);
   Meeting meeting = {0, 0};
-  for (int32_t c = 1;; ++c) {
+  for (; cf < cb; ++cf) {
+    Widen(f, box, m_forward, kForwardNone);
+    Pass<true>(f, b, false, box, meeting);
+    if (cf + 1 == keepF)
+      Keep<true>(starts, f, box, cf + 1), keepF = NextKept(cf + 1);
+  }
+  for (; cb < cf; ++cb) {
+    Widen(b, box, m_backward, kBackwardNone);
+    Pass<false>(b, f, false, box, meeting);
+    if (cb + 1 == keepB)
+      Keep<false>(ends, b, box, cb + 1), keepB = NextKept(cb + 1);
+  }
+  for (int32_t c = cf + 1;; ++c) {
     Widen(f, box, m_forward, kForwardNone);
     if (Pass<true>(f, b, odd, box, meeting)) {
       m_st.m_nCost = 2 * c - 1;
-      return meeting;
+      break;
     }
+    if (c == keepF)
+      Keep<true>(starts, f, box, c), keepF = NextKept(c);
     Widen(b, box, m_backward, kBackwardNone);
     if (Pass<false>(b, f, !odd, box, meeting)) {
       m_st.m_nCost = 2 * c;
-      return meeting;
+      break;
     }
+    if (c == keepB)
+      Keep<false>(ends, b, box, c), keepB = NextKept(c);
   }
+  // A half starts from costs up to (least - 1) / 2, where least is c, the
+  // last cost of the passes, for the first half and at most c for the
+  // second: keep only those.
+  const int32_t c = (m_st.m_nCost + 1) / 2;
+  Prune(starts, (c - 1) / 2);
+  Prune(ends, (c - 1) / 2);
+  return meeting;
 }
 
-// VnSearchBox of VnEditSearch.cpp, trimming sixteen classes a step.
-void WideSearch::SearchBox(int32_t xlo, int32_t xhi, int32_t ylo, int32_t yhi) {
+// VnSearchBox of VnEditSearch.cpp, trimming sixteen classes a step; gives
+// the box's cost.  The box costs at least `least`; `starts` and `ends` are
+// snapshots taken at its top-left and bottom-right corners.
+int32_t WideSearch::SearchBox(Box box, Snapshots starts, Snapshots ends, int32_t least) {
+  int32_t total = -1;
   for (;;) {
+    int32_t& xlo = box.xlo;
+    int32_t& xhi = box.xhi;
+    int32_t& ylo = box.ylo;
+    int32_t& yhi = box.yhi;
     int32_t k = MatchForward(m_xv + xlo, m_yv + ylo, xhi - xlo < yhi - ylo ? xhi - xlo : yhi - ylo);
     xlo += k, ylo += k;
     k = MatchBackward(m_xv + xhi, m_yv + yhi, xhi - xlo < yhi - ylo ? xhi - xlo : yhi - ylo);
     xhi -= k, yhi -= k;
-    if (xlo == xhi) {
-      VnMarkKept(m_st.m_target, ylo, yhi);
-      return;
+    if (xlo == xhi || ylo == yhi) {
+      if (xlo == xhi)
+        VnMarkKept(m_st.m_target, ylo, yhi);
+      else
+        VnMarkKept(m_st.m_source, xlo, xhi);
+      return total >= 0 ? total : (yhi - ylo) + (xhi - xlo);
     }
-    if (ylo == yhi) {
-      VnMarkKept(m_st.m_source, xlo, xhi);
-      return;
-    }
-    const Meeting m = Middle(Box{xlo, xhi, ylo, yhi});
-    assert(m_st.m_nCost >= 2 && "differing ends make every split a real one");
-    SearchBox(xlo, m.x, ylo, m.x - m.d);
+    const Meeting m = Middle(box, least, starts, ends);
+    const int32_t cost = m_st.m_nCost;
+    assert(cost >= 2 && "differing ends make every split a real one");
+    if (total < 0)
+      total = cost;
+    // The first half costs at least the box's cost less the second's bound,
+    // the backward cost of the meeting; the second at least what the first
+    // leaves.
+    const int32_t first = SearchBox(Box{xlo, m.x, ylo, m.x - m.d}, std::move(starts), Snapshots(), cost - cost / 2);
+    starts.clear();
     xlo = m.x;
     ylo = m.x - m.d;
+    least = cost - first;
   }
 }
 
@@ -398,7 +530,8 @@ bool VnWideSearch(CVnCompareState& st) {
   // The 32-bit classes are not read again.
   std::vector<int32_t>().swap(st.m_source.m_keptClasses);
   std::vector<int32_t>().swap(st.m_target.m_keptClasses);
-  WideSearch(st, xv.data() + kClassPad, yv.data() + kClassPad).SearchBox(0, st.m_source.m_nKept, 0, st.m_target.m_nKept);
+  WideSearch(st, xv.data() + kClassPad, yv.data() + kClassPad)
+      .SearchBox(Box{0, st.m_source.m_nKept, 0, st.m_target.m_nKept}, Snapshots(), Snapshots(), 0);
   return true;
 }
 

@@ -6,7 +6,8 @@
 // over few classes (snakes that end in the first steps), long snakes that
 // run past the steps taken in registers, lanes whose points leave their
 // windows, narrow and very uneven boxes, and pairs with more shared classes
-// than 16 bits hold, which go to the portable search.
+// than 16 bits hold, which go to the portable search.  The dense pairs also
+// recurse deep enough for halves to start from the points their box kept.
 #include "EngineTestUtil.h"
 
 #include "engine/VnWideSearch.h"
