@@ -10,11 +10,34 @@
 #include <sstream>
 #include <string>
 
+class CVnOSException;
+
 namespace vn {
 namespace test {
 
 inline std::string U8(const CString& s) { return VnToUtf8(s); }
 inline CString W(const char* utf8) { return VnFromUtf8(utf8); }
+
+// Runs f; what read gives for the exception of class E (or one derived from
+// it) that f raised, -1 when it raised nothing, -2 when it raised another
+// kind.  The exception is freed here either way.
+template <class E, class F, class R>
+long long Raised(F f, R read) {
+  try {
+    f();
+  } catch (CException* e) {
+    const long long value = e->IsKindOf(RUNTIME_CLASS(E)) ? static_cast<long long>(read(*static_cast<E*>(e))) : -2;
+    e->Delete();
+    return value;
+  }
+  return -1;
+}
+
+// The code of the CVnOSException f raised (-1: nothing, -2: another kind).
+template <class E = CVnOSException, class F>
+long long RaisedOsCode(F f) {
+  return Raised<E>(f, [](E& e) { return e.GetError(); });
+}
 
 // Runs f; true when it raised a CException of class cls or one derived from
 // it.  The exception is freed here either way.

@@ -13,7 +13,6 @@
 
 using vn::test::DeltaText;
 using vn::test::Flatten;
-using vn::test::Letters;
 using vn::test::LineSet;
 using vn::test::MakeSet;
 using vn::test::RaisesInvalidArg;
@@ -30,12 +29,6 @@ std::string Rebuild(LineSet& source, LineSet& target, CPtrArray& changes) {
 std::string ReadAll(const CString& path) { return vn::test::ReadBytes(vn::test::FsPath(path)); }
 
 }  // namespace
-
-TEST(VnDiffDeltaTest, LengthsArePlainArithmetic) {
-  CVnDiffChange ins(CVnDiffChange::Insert, 0, 0, 4, 6);
-  EXPECT_EQ(3, ins.TargetChangeLen());
-  EXPECT_EQ(1, ins.SourceChangeLen());  // the unused side still gives 1
-}
 
 TEST(VnDiffDeltaTest, SavedRecordIsTwentyLittleEndianBytes) {
   vn::test::ScratchDir dir;

@@ -8,6 +8,7 @@
 
 #include "ScriptedPrompt.h"
 #include "TestModule.h"
+#include "TestSupport.h"
 
 #include <gtest/gtest.h>
 
@@ -22,20 +23,6 @@ using vn::test::TestModule;
 const char kUnknownSystemError[] = "Unknown system-level error occured.";
 // A code with the customer bit set: no system has a text for it.
 const DWORD kCodeWithoutText = 0x2000DEAD;
-
-// The code of the CVnOSException f throws; -1 when it throws nothing or
-// another kind.
-template <class F>
-long long ThrownOsCode(F f) {
-  try {
-    f();
-  } catch (CException* e) {
-    long long code = e->IsKindOf(RUNTIME_CLASS(CVnOSException)) ? static_cast<CVnOSException*>(e)->GetError() : -1;
-    e->Delete();
-    return code;
-  }
-  return -1;
-}
 
 std::string SystemText(DWORD code) { return VnToUtf8(vn::os::SystemMessage(code).c_str()); }
 
@@ -142,7 +129,7 @@ TEST(VnExceptionTest, AllOnesStandsForTheLastErrorWhenTheExceptionIsMade) {
   EXPECT_EQ(ERROR_ACCESS_DENIED, made.GetError());
 
   vn::os::SetLastError(ERROR_SHARING_VIOLATION);
-  EXPECT_EQ(ERROR_SHARING_VIOLATION, ThrownOsCode([] { AfxThrowOSException(0xFFFFFFFF); }));
+  EXPECT_EQ(ERROR_SHARING_VIOLATION, vn::test::RaisedOsCode([] { AfxThrowOSException(0xFFFFFFFF); }));
 }
 
 TEST(VnExceptionTest, OsMessageIsAllOrNothingAndLeavesTheHelpContext) {
@@ -176,7 +163,7 @@ TEST(VnExceptionTest, ShellResultsBecomeSystemCodes) {
   for (const auto& c : cases) {
     SCOPED_TRACE(c.result);
     vn::os::SetLastError(ERROR_ACCESS_DENIED);  // must not leak into the result
-    EXPECT_EQ(c.code, ThrownOsCode([&] { AfxThrowShellException(c.result); }));
+    EXPECT_EQ(c.code, vn::test::RaisedOsCode([&] { AfxThrowShellException(c.result); }));
   }
 }
 

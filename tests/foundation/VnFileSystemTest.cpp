@@ -9,10 +9,8 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
 #include <functional>
 #include <random>
-#include <sstream>
 #include <string>
 #include <tuple>
 #include <utility>
@@ -21,12 +19,7 @@ namespace {
 
 using namespace vn::test;
 
-std::string ReadAll(const CString& path) {
-  std::ifstream in(FsPath(path), std::ios::binary);
-  std::ostringstream out;
-  out << in.rdbuf();
-  return out.str();
-}
+std::string ReadAll(const CString& path) { return ReadBytes(FsPath(path)); }
 
 // What a wrapper threw: the OS code and file name of its CFileException;
 // code -2 when it threw nothing, -3 when it threw something else.

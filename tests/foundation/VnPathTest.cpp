@@ -421,16 +421,12 @@ TEST(VnPathTest, CurrentPathThrowsWhenTheDirectoryIsGone) {
   const std::filesystem::path home = std::filesystem::current_path();
   std::filesystem::current_path(FsPath(scratch.Path()));
   std::filesystem::remove(FsPath(scratch.Path()));
-  bool threw = false;
-  try {
+  const long long code = RaisedOsCode([] {
     CString p;
     GetCurrentPath(p);
-  } catch (CException* e) {
-    threw = e->IsKindOf(RUNTIME_CLASS(CVnOSException)) && static_cast<CVnOSException*>(e)->GetError() == 2;
-    e->Delete();
-  }
+  });
   std::filesystem::current_path(home);
-  EXPECT_TRUE(threw);
+  EXPECT_EQ(2, code);
 }
 #endif
 

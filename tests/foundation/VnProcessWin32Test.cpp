@@ -7,12 +7,12 @@
 #include "afx/win32/CWnd.h"
 #include "foundation/VnException.h"
 
+#include "TestSupport.h"
 #include "VnProcessHelperExe.h"
 
 #include <gtest/gtest.h>
 
 #include <atomic>
-#include <functional>
 #include <thread>
 #include <string>
 #include <vector>
@@ -20,6 +20,7 @@
 namespace {
 
 using vn::test::HelperCommand;
+using vn::test::RaisedOsCode;
 
 // An application object that records what is asked of it.
 class RecordingApp : public CWinApp {
@@ -30,21 +31,6 @@ public:
   }
   std::vector<HelpCall> m_calls;
 };
-
-// The system error code a call throws as CVnOSException; -1 when it throws
-// nothing, -2 when it throws something else.
-long long ThrownCode(const std::function<void()>& call) {
-  try {
-    call();
-  } catch (CException* e) {
-    long long code = -2;
-    if (e->IsKindOf(RUNTIME_CLASS(CVnOSException)))
-      code = static_cast<CVnOSException*>(e)->GetError();
-    e->Delete();
-    return code;
-  }
-  return -1;
-}
 
 TEST(VnProcessWin32Test, RunAppGivesTheExitCodeOfWhatItWaitedFor) {
   ASSERT_TRUE(vn::test::HelperExists());
@@ -67,7 +53,7 @@ TEST(VnProcessWin32Test, RunAppGivesTheExitCodeOfWhatItWaitedFor) {
 TEST(VnProcessWin32Test, MissingProgramThrowsTheSystemsCodeAndRestoresTheCursor) {
   RecordingApp app;
   for (LPCWSTR line : {_T("\"C:\\no\\such\\program-vn.exe\" x"), _T("no-such-program-vn.exe")}) {
-    EXPECT_EQ(ERROR_FILE_NOT_FOUND, ThrownCode([&] { RunApp(line, 0, 1, 0, 0); })) << VnToUtf8(line);
+    EXPECT_EQ(ERROR_FILE_NOT_FOUND, RaisedOsCode([&] { RunApp(line, 0, 1, 0, 0); })) << VnToUtf8(line);
     EXPECT_EQ(0, app.GetWaitCursorCount());
   }
 }
@@ -128,7 +114,7 @@ TEST(VnProcessWin32Test, WaitUntilIdleNeedsAProgramWithAMessageQueue) {
   ASSERT_TRUE(vn::test::HelperExists(true));
   RecordingApp app;
   EXPECT_EQ(6, RunApp(HelperCommand(true) + _T(" window 500 6"), 0, 1, 1, 1));
-  EXPECT_NE(-1, ThrownCode([] { RunApp(HelperCommand() + _T(" sleep 300 0"), 0, 1, 1, 1); }));
+  EXPECT_NE(-1, RaisedOsCode([] { RunApp(HelperCommand() + _T(" sleep 300 0"), 0, 1, 1, 1); }));
   EXPECT_EQ(0, app.GetWaitCursorCount());
 }
 
@@ -169,9 +155,9 @@ private:
 
 TEST(VnProcessWin32Test, ShellExecuteOfAMissingFileThrowsFileNotFound) {
   ShellBoxCloser closer;
-  EXPECT_EQ(ERROR_FILE_NOT_FOUND, ThrownCode([] { OpenFileAssociation(_T("C:\\no\\such\\file-vn.txt")); }));
+  EXPECT_EQ(ERROR_FILE_NOT_FOUND, RaisedOsCode([] { OpenFileAssociation(_T("C:\\no\\such\\file-vn.txt")); }));
   EXPECT_EQ(ERROR_FILE_NOT_FOUND,
-            ThrownCode([] { PrintFileAssociation(_T("C:\\no\\such\\file-vn.txt"), CString()); }));
+            RaisedOsCode([] { PrintFileAssociation(_T("C:\\no\\such\\file-vn.txt"), CString()); }));
 }
 
 // The version tests are the plain functions of VnProcessTest over the

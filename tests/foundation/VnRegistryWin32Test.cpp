@@ -1,13 +1,12 @@
 // VnRegistryWin32Test.cpp - CVnRegistry over the real registry: round trips,
 // every failure kind giving the default, sections and sub keys, key lists,
-// recursive deletion, copies, and values that outlive their process.
+// recursive deletion and copies.
 //
 // Every test works below HKCU\Software\VnReconcileTests\<test name>, which
 // the fixture deletes before and after, so a failed run leaves nothing.
 #include "foundation/VnRegistry.h"
 
 #include "TestSupport.h"
-#include "VnProcessHelperExe.h"
 
 #include <gtest/gtest.h>
 
@@ -307,25 +306,6 @@ TEST_F(VnRegistryTest, CopiesOwnTheirKeys) {
   EXPECT_EQ(1, assigned.PutInt(_T("M"), 22));
   EXPECT_EQ(22u, copied.GetInt(_T("M"), 0, _T("Sec")));
   EXPECT_EQ(1, assigned.CloseSection());
-}
-
-// What one run writes, the next run reads: values reach the registry itself,
-// and what another program wrote there is read back.
-TEST_F(VnRegistryTest, ValuesOutliveTheProcessThatWroteThem) {
-  ASSERT_TRUE(vn::test::HelperExists()) << "vn_settings_helper.exe must be built beside the tests";
-  const CString where = _T("\"") + m_path + _T("\" Sec ");
-  {
-    CVnRegistry reg(HKEY_CURRENT_USER, m_path, _T("Sec"));
-    reg.PutInt(_T("FromTest"), 123);
-    reg.PutString(_T("TextFromTest"), _T("Lucida Console"));
-  }
-  EXPECT_EQ(123, vn::test::RunHelper(_T("regget-int ") + where + _T("FromTest 0")));
-  EXPECT_EQ(0, vn::test::RunHelper(_T("regget-str ") + where + _T("TextFromTest \"Lucida Console\"")));
-  EXPECT_EQ(0, vn::test::RunHelper(_T("regput-int ") + where + _T("FromHelper 77")));
-  EXPECT_EQ(0, vn::test::RunHelper(_T("regput-str ") + where + _T("TextFromHelper \"a b\"")));
-  CVnRegistry reg(HKEY_CURRENT_USER, m_path, _T("Sec"));
-  EXPECT_EQ(77u, reg.GetInt(_T("FromHelper"), 0));
-  EXPECT_EQ("a b", U8(reg.GetString(_T("TextFromHelper"), _T(""))));
 }
 
 }  // namespace
