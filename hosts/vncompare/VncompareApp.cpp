@@ -8,9 +8,11 @@
 #include "VncompareFrame.h"
 #include "VncompareResource.h"
 #include "foundation/LocalResources.h"
+#include "options/VnOptionParser.h"
 #include "options/VnReconcileApp.h"
 
 #include <string>
+#include <vector>
 
 namespace {
 
@@ -30,36 +32,39 @@ struct Arguments {
   bool help = false;
 };
 
-// false, with the offending word in bad, for an unknown option or a wrong
-// number of files.
-bool ReadArguments(const CString* args, int count, Arguments& out, CString& bad) {
-  for (int i = 0; i < count; ++i) {
-    const CString& a = args[i];
-    if (a == L"-i" || a == L"--ignore-case")
-      out.options.m_bIgnoreCase = true;
-    else if (a == L"-w" || a == L"--ignore-whitespace")
-      out.options.m_bIgnoreWhitespace = true;
-    else if (a == L"--ignore-encoding")
-      out.options.m_bIgnoreEncoding = true;
-    else if (a == L"--ignore-line-ends")
-      out.options.m_bIgnoreLineEnds = true;
-    else if (a == L"--differences-only")
-      out.differencesOnly = true;
-    else if (a == L"--headless")
-      out.headless = true;
-    else if (a == L"-h" || a == L"--help" || a == L"/?")
-      out.help = true;
-    else if (a.GetLength() > 1 && a[0] == L'-' && a != L"--") {
-      bad = a;
-      return false;
-    } else if (a != L"--" && out.fileCount < 2)
-      out.files[out.fileCount++] = a;
-    else if (a != L"--") {
-      bad = a;
-      return false;
+enum Id { kIgnoreCase, kIgnoreWhitespace, kIgnoreEncoding, kIgnoreLineEnds, kDifferencesOnly, kHeadless, kHelp };
+
+const std::vector<CVnOptionSpec> kOptions = {
+    {kIgnoreCase, 'i', "ignore-case", CVnOptionSpec::None},
+    {kIgnoreWhitespace, 'w', "ignore-whitespace", CVnOptionSpec::None},
+    {kIgnoreEncoding, 0, "ignore-encoding", CVnOptionSpec::None},
+    {kIgnoreLineEnds, 0, "ignore-line-ends", CVnOptionSpec::None},
+    {kDifferencesOnly, 0, "differences-only", CVnOptionSpec::None},
+    {kHeadless, 0, "headless", CVnOptionSpec::None},
+    {kHelp, 'h', "help", CVnOptionSpec::None},
+};
+
+// The tool's command line; its error is empty for a good one.
+Arguments ReadArguments(LPCWSTR cmdLine, std::string& error) {
+  const CVnHostCommandLine line = VnReadHostCommandLine(cmdLine, kOptions, 2);
+  Arguments out;
+  out.headless = line.m_bHeadless;
+  out.help = line.m_bHelpAsked;
+  for (const CVnOption& option : line.m_options) {
+    switch (option.m_nId) {
+    case kIgnoreCase: out.options.m_bIgnoreCase = true; break;
+    case kIgnoreWhitespace: out.options.m_bIgnoreWhitespace = true; break;
+    case kIgnoreEncoding: out.options.m_bIgnoreEncoding = true; break;
+    case kIgnoreLineEnds: out.options.m_bIgnoreLineEnds = true; break;
+    case kDifferencesOnly: out.differencesOnly = true; break;
+    case kHeadless: break;
+    case kHelp: out.help = true; break;
     }
   }
-  return true;
+  for (const CString& file : line.m_files)
+    out.files[out.fileCount++] = file;
+  error = line.m_strError;
+  return out;
 }
 
 class CVnCompareApp : public CVnReconcileApp {
@@ -67,15 +72,9 @@ public:
   CVnCompareApp() { SetRegistryKey(L"Software\\VnReconcile\\vncompare"); }
 
   BOOL InitInstance() override {
-    CString args[16];
-    int count = ParseCmdLine(args, 16);
-    Arguments arguments;
-    CString bad;
-    // A malformed line still says whether the run is headless.
-    int stored = count < 0 ? 16 : count > 16 ? 16 : count;
-    bool ok = ReadArguments(args, stored, arguments, bad) && count >= 0 && count <= 16;
-    if (count < 0)
-      bad = L"(an unclosed quote)";
+    std::string error;
+    Arguments arguments = ReadArguments(m_lpCmdLine, error);
+    const bool ok = error.empty();
     if (arguments.headless)
       VnUseHeadlessPrompt(L"vncompare");
     CString usage = LoadLocalString(::GetModuleHandleW(nullptr), IDS_USAGE);
@@ -92,7 +91,7 @@ public:
       arguments.fileCount = 2;
     }
     if (!ok || arguments.fileCount != 2) {
-      CString message = bad.IsEmpty() ? CString(L"two files are needed") : L"unknown argument " + bad;
+      const CString message = ok ? CString(L"two files are needed") : VnFromUtf8(error);
       AfxMessageBox(message + L"; vncompare --help shows the usage", MB_ICONSTOP);
       return FALSE;
     }

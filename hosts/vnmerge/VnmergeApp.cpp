@@ -8,9 +8,11 @@
 #include "VnmergeFrame.h"
 #include "VnmergeResource.h"
 #include "foundation/LocalResources.h"
+#include "options/VnOptionParser.h"
 #include "options/VnReconcileApp.h"
 
 #include <string>
+#include <vector>
 
 namespace {
 
@@ -22,32 +24,30 @@ struct Arguments {
   bool help = false;
 };
 
-// false, with the offending word in bad, for an unknown option, a missing
-// -o value or too many files.
-bool ReadArguments(const CString* args, int count, Arguments& out, CString& bad) {
-  for (int i = 0; i < count; ++i) {
-    const CString& a = args[i];
-    if (a == L"-o" || a == L"--output") {
-      if (i + 1 >= count) {
-        bad = a + L" without a file";
-        return false;
-      }
-      out.merged = args[++i];
-    } else if (a == L"--headless")
-      out.headless = true;
-    else if (a == L"-h" || a == L"--help" || a == L"/?")
+enum Id { kOutput, kHeadless, kHelp };
+
+const std::vector<CVnOptionSpec> kOptions = {
+    {kOutput, 'o', "output", CVnOptionSpec::Required},
+    {kHeadless, 0, "headless", CVnOptionSpec::None},
+    {kHelp, 'h', "help", CVnOptionSpec::None},
+};
+
+// The tool's command line; its error is empty for a good one.
+Arguments ReadArguments(LPCWSTR cmdLine, std::string& error) {
+  const CVnHostCommandLine line = VnReadHostCommandLine(cmdLine, kOptions, 3);
+  Arguments out;
+  out.headless = line.m_bHeadless;
+  out.help = line.m_bHelpAsked;
+  for (const CVnOption& option : line.m_options) {
+    if (option.m_nId == kOutput)
+      out.merged = VnFromUtf8(option.m_strValue);
+    else if (option.m_nId == kHelp)
       out.help = true;
-    else if (a.GetLength() > 1 && a[0] == L'-' && a != L"--") {
-      bad = L"unknown argument " + a;
-      return false;
-    } else if (a != L"--" && out.fileCount < 3)
-      out.files[out.fileCount++] = a;
-    else if (a != L"--") {
-      bad = L"unknown argument " + a;
-      return false;
-    }
   }
-  return true;
+  for (const CString& file : line.m_files)
+    out.files[out.fileCount++] = file;
+  error = line.m_strError;
+  return out;
 }
 
 class CVnMergeApp : public CVnReconcileApp {
@@ -55,14 +55,9 @@ public:
   CVnMergeApp() { SetRegistryKey(L"Software\\VnReconcile\\vnmerge"); }
 
   BOOL InitInstance() override {
-    CString args[16];
-    int count = ParseCmdLine(args, 16);
-    Arguments arguments;
-    CString bad;
-    int stored = count < 0 ? 16 : count > 16 ? 16 : count;
-    bool ok = ReadArguments(args, stored, arguments, bad) && count >= 0 && count <= 16;
-    if (count < 0)
-      bad = L"an unclosed quote";
+    std::string error;
+    Arguments arguments = ReadArguments(m_lpCmdLine, error);
+    bool ok = error.empty();
     if (arguments.headless)
       VnUseHeadlessPrompt(L"vnmerge");
     if (arguments.help) {
@@ -72,10 +67,10 @@ public:
     }
     if (ok && (arguments.fileCount < 2 || arguments.merged.IsEmpty())) {
       ok = false;
-      bad = arguments.merged.IsEmpty() ? L"-o MERGED is needed" : L"LOCAL and REMOTE are needed";
+      error = arguments.merged.IsEmpty() ? "-o MERGED is needed" : "LOCAL and REMOTE are needed";
     }
     if (!ok) {
-      AfxMessageBox(bad + L"; vnmerge --help shows the usage", MB_ICONSTOP);
+      AfxMessageBox(VnFromUtf8(error) + L"; vnmerge --help shows the usage", MB_ICONSTOP);
       return FALSE;
     }
     return Start(arguments);

@@ -1,6 +1,8 @@
 // VnOptionParser.cpp - GNU-style options against a table.
 #include "options/VnOptionParser.h"
 
+#include "options/VnCmdLine.h"
+
 #include <cstring>
 
 namespace {
@@ -94,4 +96,43 @@ bool VnParseOptions(const std::vector<std::string>& args, const std::vector<CVnO
     }
   }
   return true;
+}
+
+namespace {
+
+const int kMaxWords = 64;
+
+// The words of the line as UTF-8; false, with the reason, for a malformed
+// line or one of too many words.  A malformed line leaves its stored words
+// without a count: they are the ones that are not empty.
+bool SplitWords(LPCWSTR cmdLine, std::vector<std::string>& words, std::string& error) {
+  std::vector<CString> args(kMaxWords);
+  const int count = ParseCmdLine(cmdLine, args.data(), kMaxWords);
+  for (int i = 0; i < (count < 0 || count > kMaxWords ? kMaxWords : count); ++i)
+    if (count >= 0 || !args[static_cast<size_t>(i)].IsEmpty())
+      words.push_back(VnToUtf8(args[static_cast<size_t>(i)]));
+  if (count < 0)
+    error = "a quote left open or closed inside a word";
+  else if (count > kMaxWords)
+    error = "more than " + std::to_string(kMaxWords) + " arguments";
+  return error.empty();
+}
+
+}  // namespace
+
+CVnHostCommandLine VnReadHostCommandLine(LPCWSTR cmdLine, const std::vector<CVnOptionSpec>& specs, size_t maxFiles) {
+  CVnHostCommandLine line;
+  std::vector<std::string> words, files;
+  const bool split = SplitWords(cmdLine, words, line.m_strError);
+  for (const std::string& word : words) {
+    line.m_bHeadless = line.m_bHeadless || word == "--headless";
+    line.m_bHelpAsked = line.m_bHelpAsked || word == "/?";
+  }
+  if (!split || line.m_bHelpAsked || !VnParseOptions(words, specs, line.m_options, files, line.m_strError))
+    return line;
+  if (files.size() > maxFiles)
+    line.m_strError = "extra operand '" + files[maxFiles] + "'";
+  for (size_t i = 0; i < files.size() && i < maxFiles; ++i)
+    line.m_files.push_back(VnFromUtf8(files[i]));
+  return line;
 }

@@ -33,4 +33,21 @@ struct CVnOption {
 VN_API bool VnParseOptions(const std::vector<std::string>& args, const std::vector<CVnOptionSpec>& specs,
                            std::vector<CVnOption>& options, std::vector<std::string>& operands, std::string& error);
 
+// A window host's command line: split as ParseCmdLine splits it
+// (options/VnCmdLine.h), read against the host's options, with at most
+// maxFiles operands.  m_strError is empty for a good line and says what is
+// wrong otherwise ("unknown option '-x'", "extra operand 'c'", "a quote left
+// open or closed inside a word").  "--headless" and "/?" are looked for on
+// any line, so that a host knows how to report a wrong one.
+struct CVnHostCommandLine {
+  std::vector<CVnOption> m_options;
+  std::vector<CString> m_files;
+  bool m_bHeadless = false;
+  bool m_bHelpAsked = false;  // "/?"
+  std::string m_strError;
+};
+
+VN_API CVnHostCommandLine VnReadHostCommandLine(LPCWSTR cmdLine, const std::vector<CVnOptionSpec>& specs,
+                                                size_t maxFiles);
+
 #endif  // VN_OPTIONS_VNOPTIONPARSER_H

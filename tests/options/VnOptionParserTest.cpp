@@ -8,7 +8,7 @@ namespace {
 const std::vector<CVnOptionSpec> kSpecs = {
     {1, 'w', "ignore-whitespace", CVnOptionSpec::None}, {2, 'i', nullptr, CVnOptionSpec::None},
     {3, 'U', nullptr, CVnOptionSpec::Required}, {4, 'u', "unified", CVnOptionSpec::Optional},
-    {5, 0, "width", CVnOptionSpec::Required},
+    {5, 0, "width", CVnOptionSpec::Required}, {6, 0, "headless", CVnOptionSpec::None},
 };
 
 // Each option as "id=value" (or "id" without one), then the operands.
@@ -37,6 +37,31 @@ TEST(VnOptionParserTest, GroupsValuesAndTheEndOfOptions) {
   };
   for (const auto& c : cases)
     EXPECT_EQ(c.parsed, Parse(c.args)) << c.args[0];
+}
+
+// A window host's line: quoting as ParseCmdLine splits it, the operands as
+// wide text, and "--headless" and "/?" seen even where the line is wrong.
+TEST(VnOptionParserTest, HostCommandLines) {
+  const struct { LPCWSTR line; const char* error; size_t files; bool headless, help; } cases[] = {
+      {_T("-w --headless \"two words.txt\" b"), "", 2, true, false},
+      {_T("a b c"), "extra operand 'c'", 2, false, false},
+      {_T("--headless \"unclosed a b"), "a quote left open or closed inside a word", 0, true, false},
+      {_T("-x --headless"), "unknown option '-x'", 0, true, false},
+      {_T("/? -x"), "", 0, false, true},
+  };
+  for (const auto& c : cases) {
+    const CVnHostCommandLine line = VnReadHostCommandLine(c.line, kSpecs, 2);
+    const std::string text = VnToUtf8(c.line);
+    EXPECT_EQ(c.error, line.m_strError) << text;
+    EXPECT_EQ(c.files, line.m_files.size()) << text;
+    EXPECT_EQ(c.headless, line.m_bHeadless) << text;
+    EXPECT_EQ(c.help, line.m_bHelpAsked) << text;
+  }
+  const CVnHostCommandLine line = VnReadHostCommandLine(_T("-w \"two w\u00f6rds.txt\" b"), kSpecs, 2);
+  ASSERT_EQ(2u, line.m_files.size());
+  EXPECT_EQ(CString(_T("two w\u00f6rds.txt")), line.m_files[0]);
+  ASSERT_EQ(1u, line.m_options.size());
+  EXPECT_EQ(1, line.m_options[0].m_nId);
 }
 
 }  // namespace
