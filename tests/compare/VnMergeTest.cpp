@@ -283,8 +283,9 @@ TEST(VnMergeTest, EncodingChosenByContentIsSharedWithPlainAsciiSides) {
     SCOPED_TRACE(c.local + "|" + c.remote);
     FileMerge f(c.local, c.base, c.remote, true);
     ASSERT_EQ(!c.text.empty(), f.merged) << vn::test::U8(f.why);
-    if (f.merged)
+    if (f.merged) {
       EXPECT_EQ(c.text, f.merge.GetMergedText(CVnMergeMarkers()));
+    }
   }
 }
 

@@ -66,8 +66,9 @@ class OptionsSheetTest : public ::testing::Test {
 protected:
   // A shown frame whose colours differ from the sheet's defaults.
   void SetUp() override {
-    if (!m_frame.m_hWnd)
+    if (!m_frame.m_hWnd) {
       ASSERT_TRUE(m_frame.Make());
+    }
     m_frame.ShowWindow(SW_SHOWNORMAL);
     m_frame.SetColors(0x111111, 0x222222, 0x333333, 0x444444, false);
     m_frame.m_log.clear();
@@ -185,8 +186,9 @@ TEST_F(OptionsSheetTest, TabSizesOutsideOneToEightAreRefused) {
     EXPECT_EQ(refused, openAfterOk) << VnToUtf8(c.typed);
     EXPECT_EQ(c.stored, m_frame.GetDisplayOptions().GetTabSize()) << VnToUtf8(c.typed);
     ASSERT_EQ(refused ? 1u : 0u, prompt.Asked().size()) << VnToUtf8(c.typed);
-    if (refused)
+    if (refused) {
       EXPECT_EQ("Enter a positive integer between 1 and 8.", prompt.Asked()[0].text);
+    }
   }
 }
 

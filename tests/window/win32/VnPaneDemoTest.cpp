@@ -84,8 +84,9 @@ TEST(VnPaneDemo, EqualLinesStandLevelAndChangesShowInTheDefaultFormats) {
   std::set<COLORREF> seen;
   for (size_t row = 0; row < rows[0].size(); ++row) {
     const vn::test::LineFormat left = FormatOfLine(panes.Left(), static_cast<int>(row) + 1);
-    if (rows[0][row] && left.color == removed)
+    if (rows[0][row] && left.color == removed) {
       EXPECT_TRUE(left.struck && !rows[1][row]) << row;
+    }
     for (int side = 0; side < 2; ++side)
       if (rows[side][row])
         seen.insert(FormatOfLine(*edits[side], static_cast<int>(row) + 1).color);

@@ -117,8 +117,9 @@ TEST_F(FrameTest, UpdateIndicatorPositionShowsTheCaretOneBased) {
     EXPECT_EQ(!inPane, (bar.GetPaneStyle(1) & SBPS_DISABLED) != 0);
     // For a person to look at: bars, both panes and the indicator.
     ::RedrawWindow(frame.m_hWnd, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW | RDW_ALLCHILDREN);
-    if (inPane)
+    if (inPane) {
       EXPECT_TRUE(WritePng(CaptureWindow(frame.m_hWnd), ScreenshotPath(L"frame.png")));
+    }
   }
 }
 
