@@ -25,8 +25,9 @@
 //  - Neighbouring diagonals' furthest points stem from one another, so the
 //    lanes' points lie close together.  Their classes are read from two
 //    windows of 64 classes, one per side, loaded around them and indexed in
-//    registers (a gather costs about a load per lane); a lane whose pair
-//    has left its window gathers it.  Two snake steps are taken without a
+//    registers (a gather costs about a load per lane); a lane that starts
+//    outside its window compares its first pair alone, and one whose pair
+//    leaves its window later gathers it.  Two snake steps are taken without a
 //    branch, since most snakes end there where edits are dense; a snake
 //    still running after six goes on alone, sixteen classes a compare, as
 //    the trimming of a box does.
@@ -277,6 +278,22 @@ VN_AVX512 bool WideSearch::Pass(const Band& band, const Band& opposite, bool che
     const __m512i wy0 = _mm512_loadu_si512(m_yv + by), wy1 = _mm512_loadu_si512(m_yv + by + 32);
     const __m512i ox0 = _mm512_sub_epi32(xi, _mm512_set1_epi32(bx));
     const __m512i oy0 = _mm512_sub_epi32(yi, _mm512_set1_epi32(by));
+    // Lanes that start outside their windows compare their first pair
+    // alone: most snakes end there, where a gather costs about as much for
+    // a few lanes as for sixteen, and a lane whose snake does not end goes
+    // on with the long ones.
+    __mmask16 alone = 0;
+    if (const __mmask16 outside = _mm512_mask_test_epi32_mask(active, _mm512_or_si512(ox0, oy0), _mm512_set1_epi32(~63))) {
+      alignas(64) int32_t px[16], py[16];
+      _mm512_store_si512(px, xi);
+      _mm512_store_si512(py, yi);
+      for (unsigned lanes = outside; lanes; lanes &= lanes - 1) {
+        const int l = __builtin_ctz(lanes);
+        if (m_xv[px[l]] == m_yv[py[l]])
+          alone = static_cast<__mmask16>(alone | (1u << l));
+      }
+      active = static_cast<__mmask16>(active & ~outside);
+    }
     // Lanes whose pairs stay inside both windows for every step taken here
     // (offsets 0 to 63, unsigned); the others gather theirs.
     const __m512i lead = _mm512_set1_epi32(kForward ? 0 : kWindowSteps - 1);
@@ -302,7 +319,7 @@ VN_AVX512 bool WideSearch::Pass(const Band& band, const Band& opposite, bool che
       active = _mm512_mask_cmpgt_epi32_mask(same, room, steps);
     }
     x = kForward ? _mm512_add_epi32(x, steps) : _mm512_sub_epi32(x, steps);
-    if (const unsigned rest = static_cast<unsigned>(active)) {
+    if (const unsigned rest = static_cast<unsigned>(active | alone)) {
       alignas(64) int32_t xs[16], ys[16];
       _mm512_store_si512(xs, x);
       _mm512_store_si512(ys, kForward ? _mm512_add_epi32(y, steps) : _mm512_sub_epi32(y, steps));
