@@ -29,7 +29,7 @@
 //    outside its window compares its first pair alone, and one whose pair
 //    leaves its window later gathers it.  Two snake steps are taken without a
 //    branch, since most snakes end there where edits are dense; a snake
-//    still running after six goes on alone, sixteen classes a compare, as
+//    still running after four goes on alone, sixteen classes a compare, as
 //    the trimming of a box does.
 //  - Which of several minimal scripts comes out is fixed by the order of the
 //    search: within one cost the forward pass first, the diagonals from the
@@ -88,7 +88,7 @@ const int32_t kMaxShared = 0xFFFE;
 // Snake steps that a chunk takes without a branch, and at most in all,
 // before the snakes still running go on one at a time.
 const int kFreeSteps = 2;
-const int kWindowSteps = 6;
+const int kWindowSteps = 4;
 // Spare classes before and after a packed side: a window may start from
 // kClassPad before the first class to the count, and may hold 64.
 const int32_t kClassPad = 64;
