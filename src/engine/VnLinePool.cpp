@@ -48,16 +48,34 @@ struct Slab {
 void Release(unsigned char* slab, uint32_t count);
 
 // A thread's current slab; the thread's hold on it goes when the thread ends.
+// A thread's slab to allocate from, and its frees not yet given back.
+// Frees are counted on the freeing thread and given back to their slab's
+// count in one step: when the thread frees from another slab, when its count
+// reaches what the slab has left, and when the thread ends.  A locked update
+// for each record cost more than all the rest of freeing it.
 struct Cursor {
   unsigned char* slab = nullptr;  // current slab, or null
   size_t used = 0;                // bytes handed out from it, header included
   uint32_t handed = 0;            // blocks handed out from it
+  unsigned char* freeing = nullptr;  // the slab of the frees counted, or null
+  uint32_t freed = 0;
+  bool ended = false;  // the thread is ending: frees go back one by one
   void Retire() {
     if (slab)
       Release(slab, 1 + kMaxBlocks - handed);
     slab = nullptr;
   }
-  ~Cursor() { Retire(); }
+  void GiveBack() {
+    if (freeing)
+      Release(freeing, freed);
+    freeing = nullptr;
+    freed = 0;
+  }
+  ~Cursor() {
+    Retire();
+    GiveBack();
+    ended = true;
+  }
 };
 
 thread_local Cursor t_cursor;
@@ -131,5 +149,15 @@ void VnLinePoolFree(void* block, size_t size) noexcept {
   unsigned char* slab = reinterpret_cast<unsigned char*>(reinterpret_cast<uintptr_t>(block) & ~(kSlabSize - 1));
   assert(static_cast<unsigned char*>(block) >= slab + kHeaderSize && "a block lies behind its slab's header");
   VN_POISON(block, size);
-  Release(slab, 1);
+  Cursor& c = t_cursor;
+  if (c.ended) {
+    Release(slab, 1);
+    return;
+  }
+  if (c.freeing != slab) {
+    c.GiveBack();
+    c.freeing = slab;
+  }
+  if (++c.freed == reinterpret_cast<Slab*>(slab)->live.load(std::memory_order_relaxed))
+    c.GiveBack();
 }

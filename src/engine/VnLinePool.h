@@ -6,7 +6,10 @@
 // slabs, each aligned to its own size, so that a record finds its slab by
 // masking its address.  A slab counts its live records (plus one while it is
 // some thread's current slab) and goes back to the heap when the count
-// reaches 0.  Freed blocks are not reused before their whole slab is freed.
+// reaches 0.  A thread counts its own frees and gives them to the slab in
+// one step, at the latest when it frees from another slab or ends; so a
+// slab whose records two threads free may wait for one of them to do that.
+// Freed blocks are not reused before their whole slab is freed.
 #ifndef VN_ENGINE_VNLINEPOOL_H
 #define VN_ENGINE_VNLINEPOOL_H
 

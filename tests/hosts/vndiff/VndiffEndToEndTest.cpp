@@ -190,8 +190,9 @@ TEST_F(VndiffTest, DecodesEncodingsBeforeComparing) {
     SCOPED_TRACE(c.args);
     Outcome r = Vndiff(c.args);
     EXPECT_EQ(c.status, r.status) << r.out << r.err;
-    if (c.out)
+    if (c.out) {
       EXPECT_EQ(c.out, r.out);
+    }
     EXPECT_EQ("", r.err);
   }
 }
