@@ -180,6 +180,9 @@ private:
   template <bool kForward>
   void Keep(Snapshots& kept, const Band& band, const Box& box, int32_t cost) const;
   template <bool kForward>
+  bool Step(Band& band, const Band& opposite, bool check, const Box& box, Meeting& meeting, int32_t cost,
+            Snapshots& kept, int32_t& keep);
+  template <bool kForward>
   bool Pass(const Band& band, const Band& opposite, bool check, const Box& box, Meeting& meeting) const;
   template <bool kForward>
   void FinishSnakes(int32_t* xs, const int32_t* ys, unsigned lanes, const Box& box) const;
@@ -406,6 +409,21 @@ void Prune(Snapshots& kept, int32_t most) {
     kept.pop_back();
 }
 
+// One direction's pass of `cost`: widens its band, runs the pass (true when
+// it meets the other direction) and keeps its points when `keep` is due.
+template <bool kForward>
+bool WideSearch::Step(Band& band, const Band& opposite, bool check, const Box& box, Meeting& meeting,
+                      int32_t cost, Snapshots& kept, int32_t& keep) {
+  Widen(band, box, kForward ? m_forward : m_backward, kForward ? kForwardNone : kBackwardNone);
+  if (Pass<kForward>(band, opposite, check, box, meeting))
+    return true;
+  if (cost == keep) {
+    Keep<kForward>(kept, band, box, cost);
+    keep = NextKept(cost);
+  }
+  return false;
+}
+
 // VnMiddleDiagonal of VnEditSearch.cpp: the same bands, passes and answer.
 // The box costs at least `least`.  `starts` and `ends` bring the snapshots
 // of the box's corners and take back those for its halves.
@@ -423,33 +441,20 @@ Meeting WideSearch::Middle(const Box& box, int32_t least, Snapshots& starts, Sna
   Prune(ends, cb);
   int32_t keepF = NextKept(cf), keepB = NextKept(cb);
   Meeting meeting = {0, 0};
-  for (; cf < cb; ++cf) {
-    Widen(f, box, m_forward, kForwardNone);
-    Pass<true>(f, b, false, box, meeting);
-    if (cf + 1 == keepF)
-      Keep<true>(starts, f, box, cf + 1), keepF = NextKept(cf + 1);
-  }
-  for (; cb < cf; ++cb) {
-    Widen(b, box, m_backward, kBackwardNone);
-    Pass<false>(b, f, false, box, meeting);
-    if (cb + 1 == keepB)
-      Keep<false>(ends, b, box, cb + 1), keepB = NextKept(cb + 1);
-  }
+  // The direction that starts behind catches up, without checks.
+  for (; cf < cb; ++cf)
+    Step<true>(f, b, false, box, meeting, cf + 1, starts, keepF);
+  for (; cb < cf; ++cb)
+    Step<false>(b, f, false, box, meeting, cb + 1, ends, keepB);
   for (int32_t c = cf + 1;; ++c) {
-    Widen(f, box, m_forward, kForwardNone);
-    if (Pass<true>(f, b, odd, box, meeting)) {
+    if (Step<true>(f, b, odd, box, meeting, c, starts, keepF)) {
       m_st.m_nCost = 2 * c - 1;
       break;
     }
-    if (c == keepF)
-      Keep<true>(starts, f, box, c), keepF = NextKept(c);
-    Widen(b, box, m_backward, kBackwardNone);
-    if (Pass<false>(b, f, !odd, box, meeting)) {
+    if (Step<false>(b, f, !odd, box, meeting, c, ends, keepB)) {
       m_st.m_nCost = 2 * c;
       break;
     }
-    if (c == keepB)
-      Keep<false>(ends, b, box, c), keepB = NextKept(c);
   }
   // A half starts from costs up to (least - 1) / 2, where least is c, the
   // last cost of the passes, for the first half and at most c for the
@@ -465,11 +470,8 @@ Meeting WideSearch::Middle(const Box& box, int32_t least, Snapshots& starts, Sna
 // snapshots taken at its top-left and bottom-right corners.
 int32_t WideSearch::SearchBox(Box box, Snapshots starts, Snapshots ends, int32_t least) {
   int32_t total = -1;
+  int32_t &xlo = box.xlo, &xhi = box.xhi, &ylo = box.ylo, &yhi = box.yhi;
   for (;;) {
-    int32_t& xlo = box.xlo;
-    int32_t& xhi = box.xhi;
-    int32_t& ylo = box.ylo;
-    int32_t& yhi = box.yhi;
     int32_t k = MatchForward(m_xv + xlo, m_yv + ylo, xhi - xlo < yhi - ylo ? xhi - xlo : yhi - ylo);
     xlo += k, ylo += k;
     k = MatchBackward(m_xv + xhi, m_yv + yhi, xhi - xlo < yhi - ylo ? xhi - xlo : yhi - ylo);
